@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace turnpost {
+
+// Inside the program every text is UTF-8. These functions are the only places where it becomes
+// bytes of a code page, and back. None of them fails.
+
+/// True when the bytes are well-formed UTF-8 (no overlong forms, no surrogates).
+bool isUtf8(std::string_view bytes);
+
+/// Appends a code point (at most U+10FFFF, no surrogate) as UTF-8.
+void appendUtf8(std::string& text, char32_t codePoint);
+
+/// Reads the code point that starts at `position` and moves `position` behind it; bytes that are no
+/// UTF-8 give U+FFFD, one for each byte. `position` must lie inside the text.
+char32_t nextCodePoint(std::string_view text, size_t& position);
+
+/// Windows-1252 bytes as UTF-8. The five bytes without a character become the control characters
+/// U+0081, U+008D, U+008F, U+0090 and U+009D, so that they survive a round trip.
+std::string fromWindows1252(std::string_view bytes);
+
+/// UTF-8 as Windows-1252; a character that has none becomes "?".
+std::string toWindows1252(std::string_view text);
+
+/// Bytes of one of the program's own files: the system's code page on Windows; elsewhere UTF-8, or
+/// Windows-1252 where they are no UTF-8 (a file brought over from Windows).
+std::string fromFileBytes(std::string_view bytes);
+
+/// The inverse: the system's code page on Windows, UTF-8 elsewhere.
+std::string toFileBytes(std::string_view text);
+
+/// Single bytes for the wire: the Windows code page there, Windows-1252 elsewhere; a character that
+/// has none goes out as "?".
+std::string toWireBytes(std::string_view text);
+
+/// What a server said: UTF-8 where it is well formed, else the single-byte code page of the wire.
+std::string fromWireBytes(std::string_view bytes);
+
+} // namespace turnpost

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <system_error>
+
+namespace turnpost {
+
+/// A file could not be read or written. Carries the full path and the system's own reason as text
+/// for a person; caught where a command ends, never let through to the window system.
+class FileError : public std::runtime_error {
+  public:
+    FileError(std::string path, const std::string& reason)
+        : std::runtime_error(reason), filePath(std::move(path)) {}
+    FileError(std::string path, std::error_code code)
+        : FileError(std::move(path), code.message()) {}
+
+    const std::string& path() const { return filePath; }
+    std::string reason() const { return what(); }
+
+  private:
+    std::string filePath;
+};
+
+} // namespace turnpost

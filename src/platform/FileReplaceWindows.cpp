@@ -1,0 +1,62 @@
+#include "platform/FileError.h"
+#include "platform/Files.h"
+#include "platform/Path.h"
+
+#include <random>
+#include <windows.h>
+
+namespace turnpost {
+
+namespace {
+
+[[noreturn]] void fail(const std::string& path, DWORD code) {
+    throw FileError(path, std::error_code(static_cast<int>(code), std::system_category()));
+}
+
+std::string unpredictableNeighbour(const std::string& target) {
+    std::random_device random;
+    std::string name = "~tp";
+    for (int i = 0; i < 4; ++i) {
+        name += std::to_string(random());
+    }
+    return joinPath(folderOfPath(target), name + ".tmp");
+}
+
+void writeNew(const std::wstring& file, const std::string& target, const std::string& bytes) {
+    const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        fail(target, GetLastError());
+    }
+    DWORD written = 0;
+    const bool good =
+        WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) != 0 &&
+        FlushFileBuffers(handle) != 0;
+    const DWORD code = GetLastError();
+    CloseHandle(handle);
+    if (!good) {
+        DeleteFileW(file.c_str());
+        fail(target, code);
+    }
+}
+
+} // namespace
+
+void replaceFile(const std::string& path, const std::string& bytes) {
+    const std::string neighbour = unpredictableNeighbour(path);
+    const std::wstring from = toNativePath(neighbour).wstring();
+    const std::wstring to = toNativePath(path).wstring();
+    writeNew(from, path, bytes);
+    // ReplaceFileW keeps the attributes and permissions of an existing file.
+    const bool exists = GetFileAttributesW(to.c_str()) != INVALID_FILE_ATTRIBUTES;
+    const bool moved =
+        exists ? ReplaceFileW(to.c_str(), from.c_str(), nullptr, 0, nullptr, nullptr) != 0
+               : MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH) != 0;
+    if (!moved) {
+        const DWORD code = GetLastError();
+        DeleteFileW(from.c_str());
+        fail(path, code);
+    }
+}
+
+} // namespace turnpost

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace turnpost {
+
+/// What happens on a connection. Called on the user-interface thread, one event at a time, and
+/// never from inside a call of Socket.
+class SocketEvents {
+  public:
+    virtual ~SocketEvents() = default;
+
+    /// Data has arrived and waits for GetData. Once for each arrival.
+    virtual void DataArrival() = 0;
+
+    /// The connection failed or broke. `number` is the well-known Winsock number on every system
+    /// (10061 refused, 11001 host not found, 10054 reset ...), `description` the socket's own
+    /// words. A graceful close by the server is no error and gives no event.
+    virtual void Error(int number, const std::string& description) = 0;
+};
+
+/// A TCP client for one connection at a time. Events of a connection that has been closed, or
+/// replaced by a new Connect, are never delivered.
+class Socket {
+  public:
+    virtual ~Socket() = default;
+
+    virtual void setEvents(SocketEvents* events) = 0;
+
+    /// Requests a connection; the server's first data, or Error, tells how it went.
+    virtual void Connect(const std::string& host, std::uint16_t port) = 0;
+
+    /// Queues bytes for sending, in order. Ignored without a connection.
+    virtual void SendData(const std::string& bytes) = 0;
+
+    /// All bytes waiting; empty when there are none.
+    virtual std::string GetData() = 0;
+
+    /// Ends the connection; does nothing when there is none. Bytes that the system has taken are
+    /// still delivered, followed by an orderly end of stream; bytes still queued are dropped, so
+    /// that an unfinished message is never completed behind the sender's back.
+    virtual void Close() = 0;
+};
+
+} // namespace turnpost

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace turnpost {
+
+/// The text without the space characters (U+0020 only) at both ends.
+std::string trimSpaces(std::string_view text);
+
+/// The text on one line: every line break (CR LF, CR or LF) becomes one blank, so that no value can
+/// add a line to a conversation or a header.
+std::string oneLine(std::string_view text);
+
+/// The text with every line break (CR LF, CR or LF) written as CR LF, the line end of RFC
+/// 5321, 2.3.8.
+std::string withCrLf(std::string_view text);
+
+/// The text in lower case for comparing file names: ASCII and the accented letters of Latin-1,
+/// which is what names made by the game hold. Bytes that are no UTF-8 are kept.
+std::string foldCase(std::string_view text);
+
+} // namespace turnpost
