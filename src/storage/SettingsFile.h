@@ -1,0 +1,48 @@
+#pragma once
+
+#include "storage/Settings.h"
+
+#include <string>
+#include <string_view>
+
+namespace turnpost {
+
+/// Settings taken from the text of a settings file. When it is damaged, `settings` holds the whole
+/// lines before the damage and start values from there on.
+struct SettingsReading {
+    Settings settings;
+    bool damaged = false;
+};
+
+/// Reads the 12 values of a settings file (UTF-8, line ends CR LF or LF). Values that hold double
+/// quotes come back whole by the file's layout; only those that hold `","` next to a stored game's
+/// own comma, or a line end between two quotes, cannot, and make the file damaged.
+SettingsReading parseSettings(std::string_view text);
+
+/// The 8 lines of a settings file (UTF-8, CR LF).
+std::string printSettings(const Settings& settings);
+
+/// TURNPOST.INI: in the program's folder when it is there already or can be made there, else in the
+/// person's configuration folder.
+class SettingsFile {
+  public:
+    enum class Outcome { Missing, Read, Damaged };
+
+    SettingsFile(const std::string& programFolder, const std::string& configurationFolder);
+
+    const std::string& path() const { return filePath; }
+
+    /// Reads the file into `settings`; a missing one gives the start values. Throws FileError when
+    /// there is a file that cannot be read; `settings` are the start values then too.
+    Outcome read(Settings& settings);
+
+    /// Writes the whole file. One that was damaged or unreadable is first copied beside itself as
+    /// TURNPOST.BAD. Throws FileError; the file is then as it was.
+    void write(const Settings& settings);
+
+  private:
+    std::string filePath;
+    bool keepDamaged = false;
+};
+
+} // namespace turnpost
