@@ -1,0 +1,44 @@
+#pragma once
+
+#include "compose/AttachmentChoices.h"
+#include "compose/MessageTemplate.h"
+#include "compose/SendReport.h"
+#include "roster/GameDetails.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace turnpost {
+
+/// What the rules read, as it stands at the moment a row is reached.
+struct DispatchInputs {
+    const GameDetails& game;
+    const MessageTemplate& message;
+    const AttachmentChoices& attachments;
+};
+
+/// The transports look for files under different conditions once something has been found.
+enum class Transport { Smtp, Mapi };
+
+/// The current row's texts after placeholder substitution.
+struct RowMessage {
+    std::string PlayerBody;
+    std::string PlayerSubject;
+};
+
+/// Takes one file of the row, in sending order: turn file, universe file, extra files. Throws
+/// FileError when the file cannot be read.
+using AttachFile = std::function<void(const std::string& path)>;
+
+/// The universe file that belongs to a turn file: the folder, then the turn file's name up to its
+/// first ".", then "XY".
+std::string universeFile(const std::string& gamePath, const std::string& gameFile);
+
+/// Decides one row (0 to 15): writes its line of the report, hands every file that is found to
+/// `attach`, and gives the row's texts. Nothing when the row is refused; its line then says every
+/// reason that the transport looks for, and files already attached must be thrown away.
+std::optional<RowMessage> applyRowRules(const DispatchInputs& inputs, int row, Transport transport,
+                                        const AttachFile& attach, std::string& ReportLine);
+
+} // namespace turnpost
