@@ -1,0 +1,74 @@
+#include "app/Application.h"
+
+#include "platform/FileError.h"
+#include "platform/Messages.h"
+#include "platform/Path.h"
+#include "roster/HostFile.h"
+
+namespace turnpost {
+
+Application::Application(Windows& usedWindows, Socket& socket, ProgramFolders programFolders)
+    : windows(usedWindows), ownFolders(std::move(programFolders)),
+      settingsFile(ownFolders.program, ownFolders.configuration),
+      driver({shared.game, shared.message, shared.attachments}, shared.settings, shared.report,
+             socket, usedWindows, usedWindows) {}
+
+void Application::findGame() {
+    if (!askForFile("Find Stars! Host File (*.HST)", hostFilePattern)) {
+        return;
+    }
+    try {
+        chooseHostFile(shared.game, shared.picker.PickedFolder, shared.picker.PickedFile);
+    } catch (const FileError& error) {
+        windows.show(messages::hostFileUnusable(error.path(), error.reason()));
+        return;
+    }
+    windows.showValues();
+}
+
+void Application::selectPlayers(PlayerSelection selection) {
+    turnpost::selectPlayers(shared.game, selection);
+    windows.showValues();
+}
+
+void Application::newGame() {
+    clearGame(shared.game);
+    shared.message = {};
+    shared.attachments = {};
+    windows.showValues();
+}
+
+void Application::storeEmailSettings(const std::string& hostName, const std::string& hostEmail,
+                                     const std::string& smtpServer) {
+    shared.settings.HostName = hostName;
+    shared.settings.HostEmail = hostEmail;
+    shared.settings.SmtpServer = smtpServer;
+    writeSettings();
+}
+
+void Application::pickFile(const std::string& folder, const std::string& file, bool asDefaultGame) {
+    shared.picker.PickedFolder = folder;
+    shared.picker.PickedFile = file;
+    if (asDefaultGame) {
+        shared.settings.DefaultGameFile = pickedPath(shared.picker);
+        writeSettings();
+    }
+}
+
+bool Application::askForFile(const std::string& message, const std::string& pattern) {
+    shared.picker.PickerMessage = message;
+    shared.picker.PickerCancelled = 0;
+    shared.picker.PickerPattern = pattern;
+    windows.openFilePicker();
+    return shared.picker.PickerCancelled == 0;
+}
+
+void Application::writeSettings() {
+    try {
+        settingsFile.write(shared.settings);
+    } catch (const FileError& error) {
+        windows.show(messages::cannotWrite(error.path(), error.reason()));
+    }
+}
+
+} // namespace turnpost

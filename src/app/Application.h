@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/SharedValues.h"
+#include "app/Windows.h"
+#include "platform/Socket.h"
+#include "roster/PlayerSelection.h"
+#include "smtp/SendDriver.h"
+#include "storage/SettingsFile.h"
+
+#include <string>
+
+namespace turnpost {
+
+/// Where the program looks for its own files.
+struct ProgramFolders {
+    std::string program;
+    std::string configuration;
+};
+
+/// Every command of the program. A command tests its conditions first; when it says something in a
+/// message box, it has changed nothing.
+class Application {
+  public:
+    /// `windows` and `socket` must outlive the application.
+    Application(Windows& usedWindows, Socket& socket, ProgramFolders programFolders);
+
+    const SharedValues& values() const { return shared; }
+    const ProgramFolders& folders() const { return ownFolders; }
+
+    /// Brings the program into its start state, asks for the e-mail settings on a first run, and
+    /// shows the main window.
+    void startUp();
+
+    /// Ends a send under way, so that nothing of it happens while the windows close.
+    void shutDown() { driver.abandon(); }
+
+    // The roster. What the host types goes into `game` at once.
+    GameDetails& game() { return shared.game; }
+    void findGame();
+    void selectPlayers(PlayerSelection selection);
+    void newGame();
+
+    // Sending by SMTP.
+    void butSend_Click() { driver.butSend_Click(); }
+    void butSend2_Click() { driver.butSend2_Click(); }
+
+    // Dialogs.
+    void editEmailSettings() { windows.openEmailSettings(); }
+    void editMessage() { windows.openMessageEditor(); }
+
+    // What the dialogs hand back at their OK.
+    void storeEmailSettings(const std::string& hostName, const std::string& hostEmail,
+                            const std::string& smtpServer);
+    void storeMessage(const MessageTemplate& message) { shared.message = message; }
+    void pickFile(const std::string& folder, const std::string& file, bool asDefaultGame);
+    void cancelPicker() { shared.picker.PickerCancelled = 1; }
+
+  private:
+    void readSettings();
+    void writeSettings();
+    bool askForFile(const std::string& message, const std::string& pattern);
+
+    Windows& windows;
+    ProgramFolders ownFolders;
+    SharedValues shared;
+    SettingsFile settingsFile;
+    SendDriver driver;
+};
+
+} // namespace turnpost

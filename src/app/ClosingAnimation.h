@@ -1,0 +1,26 @@
+#pragma once
+
+namespace turnpost {
+
+/// A window as the closing animation moves it. All lengths are outer ones (title bar and border
+/// included), in twips.
+class ClosingWindow {
+  public:
+    virtual ~ClosingWindow() = default;
+
+    virtual int height() const = 0;
+    virtual int width() const = 0;
+    virtual int screenHeight() const = 0;
+    virtual int screenWidth() const = 0;
+    virtual void setTopAndHeight(int top, int height) = 0;
+    virtual void setLeftAndWidth(int left, int width) = 0;
+
+    /// Lets pending window events run, so that the window repaints.
+    virtual void runPendingEvents() = 0;
+};
+
+/// Shrinks the window, centred, to a line and then to a dot, as fast as it redraws. Where the
+/// window system does not obey, the number of steps is bounded all the same.
+void playClosingAnimation(ClosingWindow& window);
+
+} // namespace turnpost

@@ -1,0 +1,36 @@
+#include "app/Application.h"
+#include "platform/FileError.h"
+#include "platform/Messages.h"
+#include "platform/Version.h"
+
+namespace turnpost {
+
+void Application::startUp() {
+    windows.setCaption(std::string(applicationTitle) + " Version " + versionText());
+    clearGame(shared.game);
+    readSettings();
+    shared.message = {};
+    shared.attachments = {};
+    windows.setProgress(0.0);
+    windows.showValues();
+    windows.showMainWindow();
+}
+
+void Application::readSettings() {
+    try {
+        switch (settingsFile.read(shared.settings)) {
+        case SettingsFile::Outcome::Missing:
+            windows.openEmailSettings();
+            break;
+        case SettingsFile::Outcome::Damaged:
+            windows.show(messages::settingsDamaged(settingsFile.path()));
+            break;
+        case SettingsFile::Outcome::Read:
+            break;
+        }
+    } catch (const FileError& error) {
+        windows.show(messages::cannotRead(error.path(), error.reason()));
+    }
+}
+
+} // namespace turnpost

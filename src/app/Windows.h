@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/MessageBox.h"
+#include "smtp/SendDisplay.h"
+
+#include <string>
+
+namespace turnpost {
+
+/// The windows as the commands know them. Every open… call is modal: it returns when the dialog has
+/// closed.
+class Windows : public SendDisplay, public MessageBox {
+  public:
+    virtual void setCaption(const std::string& caption) = 0;
+
+    /// Brings every box, label, tick and row of the main window, and the Stored Games captions, in
+    /// step with the shared values.
+    virtual void showValues() = 0;
+
+    virtual void showMainWindow() = 0;
+    virtual void openEmailSettings() = 0;
+    virtual void openMessageEditor() = 0;
+    virtual void openFilePicker() = 0;
+};
+
+} // namespace turnpost

@@ -1,0 +1,20 @@
+#include "dialogs/FilePicker.h"
+
+#include "platform/Files.h"
+#include "platform/Path.h"
+
+namespace turnpost {
+
+bool offersDefaultGame(const FilePicker& picker) {
+    return picker.PickerPattern == gameDetailsPattern;
+}
+
+std::string pickedPath(const FilePicker& picker) {
+    return joinPath(picker.PickedFolder, picker.PickedFile);
+}
+
+std::string pickerStartFolder(const std::string& gamePath, const std::string& programFolder) {
+    return findPath(gamePath).value_or(programFolder);
+}
+
+} // namespace turnpost

@@ -1,0 +1,91 @@
+#include "smtp/SendDriver.h"
+
+#include "compose/MUUEncode.h"
+#include "platform/Files.h"
+#include "platform/Messages.h"
+#include "platform/Text.h"
+#include "smtp/ServerAddress.h"
+
+#include <algorithm>
+
+namespace turnpost {
+
+SendDriver::SendDriver(const DispatchInputs& dispatchInputs, const Settings& shownSettings,
+                       SendReport& sendReport, Socket& usedSocket, SendDisplay& sendDisplay,
+                       MessageBox& messageBox)
+    : inputs(dispatchInputs), settings(shownSettings), report(sendReport), socket(usedSocket),
+      display(sendDisplay), box(messageBox),
+      session(usedSocket, state, shownSettings, dispatchInputs.game, sendReport, messageBox,
+              [this] { butSend2_Click(); }) {}
+
+void SendDriver::butSend_Click() {
+    const std::string address = trimSpaces(settings.SmtpServer);
+    if (address.empty()) {
+        box.show(messages::noServerAddress());
+        return;
+    }
+    if (!parseServerAddress(address)) {
+        box.show(messages::invalidServerAddress());
+        return;
+    }
+    if (!folderHoldsFile(inputs.game.GamePath)) {
+        box.show(messages::invalidGamePath());
+        return;
+    }
+    const auto& rows = inputs.game.rows;
+    state.ServerAddress = address;
+    state.ReachedCount = 0;
+    state.IncludedCount = static_cast<std::int16_t>(std::count_if(
+        rows.begin(), rows.end(), [](const PlayerSlot& row) { return row.IncludePlayer == 1; }));
+    state.SendCursor = -1;
+    butSend2_Click();
+}
+
+void SendDriver::butSend2_Click() {
+    do {
+        socket.Close();
+        ++state.SendCursor;
+        if (state.SendCursor >= rowCount) {
+            state.SendCursor = rowCount;
+            display.setProgress(1.0);
+            display.openReport();
+            return;
+        }
+        showRowReached();
+    } while (!prepareRow());
+    const auto address = parseServerAddress(state.ServerAddress);
+    state.SmtpState = 0;
+    socket.Connect(address->host, address->port);
+}
+
+void SendDriver::showRowReached() {
+    if (inputs.game.rows[static_cast<size_t>(state.SendCursor)].IncludePlayer != 1) {
+        return;
+    }
+    ++state.ReachedCount;
+    // Rows may have been ticked since the count was taken; the bar must not leave its track.
+    const int included = std::max(state.IncludedCount, state.ReachedCount);
+    display.setProgress(static_cast<double>(state.ReachedCount) / included);
+}
+
+bool SendDriver::prepareRow() {
+    state.AttachmentText.clear();
+    const auto attach = [this](const std::string& path) {
+        state.AttachmentText += UUEncode(path) + "\r\n";
+    };
+    const auto message = applyRowRules(inputs, state.SendCursor, Transport::Smtp, attach,
+                                       report[static_cast<size_t>(state.SendCursor)]);
+    if (!message) {
+        return false;
+    }
+    state.PlayerBody = message->PlayerBody;
+    state.PlayerSubject = message->PlayerSubject;
+    return true;
+}
+
+void SendDriver::abandon() {
+    socket.Close();
+    state.SmtpState = 6;
+}
+
+} // namespace turnpost

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "compose/DispatchRules.h"
+#include "smtp/SendDisplay.h"
+#include "smtp/SmtpSession.h"
+
+namespace turnpost {
+
+/// Sends the turn by SMTP: walks the 16 rows one at a time, one connection for each message. A
+/// chain of steps driven by the socket's events; nothing here waits.
+class SendDriver {
+  public:
+    /// All references must outlive the driver.
+    SendDriver(const DispatchInputs& dispatchInputs, const Settings& shownSettings,
+               SendReport& sendReport, Socket& usedSocket, SendDisplay& sendDisplay,
+               MessageBox& messageBox);
+
+    /// Starts a send. A missing or invalid server address, or a game folder without files, is said
+    /// in a message box and changes nothing, not even a send under way. Otherwise a send under way
+    /// is over: its connection is closed and its remaining rows are the new send's.
+    void butSend_Click();
+
+    /// The step: closes the connection and goes on to the next row that gets a message, or past the
+    /// last row to the report.
+    void butSend2_Click();
+
+    /// Closes the connection; nothing of the send happens any more.
+    void abandon();
+
+    const SendState& sendState() const { return state; }
+
+  private:
+    bool prepareRow();
+    void showRowReached();
+
+    DispatchInputs inputs;
+    const Settings& settings;
+    SendReport& report;
+    Socket& socket;
+    SendDisplay& display;
+    MessageBox& box;
+    SendState state;
+    SmtpSession session;
+};
+
+} // namespace turnpost

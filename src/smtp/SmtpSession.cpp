@@ -1,0 +1,88 @@
+#include "smtp/SmtpSession.h"
+
+#include "platform/CodePage.h"
+#include "platform/Messages.h"
+#include "smtp/MessageText.h"
+
+namespace turnpost {
+
+namespace {
+
+constexpr int abandoned = 6;
+
+bool isAccepted(const std::string& reply) {
+    const std::string code = reply.substr(0, 3);
+    return code == "220" || code == "250" || code == "354";
+}
+
+} // namespace
+
+SmtpSession::SmtpSession(Socket& usedSocket, SendState& sendState, const Settings& shownSettings,
+                         const GameDetails& shownGame, SendReport& sendReport,
+                         MessageBox& messageBox, std::function<void()> nextStep)
+    : socket(usedSocket), state(sendState), settings(shownSettings), game(shownGame),
+      report(sendReport), box(messageBox), butSend2_Click(std::move(nextStep)) {
+    socket.setEvents(this);
+}
+
+void SmtpSession::DataArrival() {
+    const std::string reply = socket.GetData();
+    const bool rowUnderWay = state.SendCursor >= 0 && state.SendCursor < rowCount;
+    if (reply.empty() || !rowUnderWay) {
+        return;
+    }
+    if (isAccepted(reply)) {
+        takeNextStep();
+        return;
+    }
+    report[static_cast<size_t>(state.SendCursor)] = messages::smtpError(fromWireBytes(reply));
+    butSend2_Click();
+}
+
+void SmtpSession::takeNextStep() {
+    // Read now, not when the row began: what the host corrects meanwhile reaches the next line.
+    const PlayerSlot& player = game.rows[static_cast<size_t>(state.SendCursor)];
+    if (state.SmtpState < 0 || state.SmtpState >= abandoned) {
+        return;
+    }
+    ++state.SmtpState;
+    switch (state.SmtpState) {
+    case 1:
+        socket.SendData(heloLine(settings));
+        break;
+    case 2:
+        socket.SendData(mailLine(settings));
+        break;
+    case 3:
+        socket.SendData(recipientLine(player));
+        break;
+    case 4:
+        socket.SendData("DATA\r\n");
+        break;
+    case 5:
+        sendMessage(player);
+        break;
+    default:
+        // The message is accepted; what the server says to QUIT changes nothing (RFC
+        // 5321, 4.1.1.10).
+        socket.SendData("QUIT\r\n");
+        report[static_cast<size_t>(state.SendCursor)] = messages::emailSent();
+        butSend2_Click();
+    }
+}
+
+void SmtpSession::sendMessage(const PlayerSlot& player) {
+    const auto sends = messageText(settings, player, state);
+    state.AttachmentText.clear();
+    for (const std::string& bytes : sends) {
+        socket.SendData(bytes);
+    }
+}
+
+void SmtpSession::Error(int number, const std::string& description) {
+    box.show(messages::socketError(number, description));
+    state.SmtpState = abandoned;
+    socket.Close();
+}
+
+} // namespace turnpost

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "compose/SendReport.h"
+#include "platform/MessageBox.h"
+#include "platform/Socket.h"
+#include "roster/GameDetails.h"
+#include "smtp/SendState.h"
+#include "storage/Settings.h"
+
+#include <functional>
+#include <string>
+
+namespace turnpost {
+
+/// Delivers one player's message over one connection (RFC 5321), one step for each arrival of data.
+/// The driver has prepared the row and requested the connection; when the session ends after a
+/// reply it writes the row's outcome and calls the driver's step. There is no time-out: a server
+/// that falls silent leaves the send waiting.
+class SmtpSession final : public SocketEvents {
+  public:
+    /// `nextStep` is the driver's butSend2_Click. All references must outlive the session.
+    SmtpSession(Socket& usedSocket, SendState& sendState, const Settings& shownSettings,
+                const GameDetails& shownGame, SendReport& sendReport, MessageBox& messageBox,
+                std::function<void()> nextStep);
+
+    /// Takes everything waiting as one reply. Any of the codes 220, 250 and 354 is accepted in any
+    /// state and sends the next part; any other reply, a fragment of a code included, ends the
+    /// session with the reply as the row's outcome.
+    void DataArrival() override;
+
+    /// Shows the error in a message box and ends the whole send: no later row, no report.
+    void Error(int number, const std::string& description) override;
+
+  private:
+    void takeNextStep();
+    void sendMessage(const PlayerSlot& player);
+
+    Socket& socket;
+    SendState& state;
+    const Settings& settings;
+    const GameDetails& game;
+    SendReport& report;
+    MessageBox& box;
+    std::function<void()> butSend2_Click;
+};
+
+} // namespace turnpost
