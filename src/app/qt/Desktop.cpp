@@ -1,0 +1,67 @@
+#include "app/qt/Desktop.h"
+
+#include "dialogs/qt/frmMessage.h"
+#include "dialogs/qt/frmOpen.h"
+#include "dialogs/qt/frmSettings.h"
+#include "platform/qt/QtMessageBox.h"
+#include "platform/qt/QtText.h"
+#include "smtp/qt/frmProgRept.h"
+
+#include <QApplication>
+
+namespace turnpost {
+
+namespace {
+
+// A modal window belongs to the window in front of it, or it might open behind that one.
+QWidget* frontWindow(frmMain* main) {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal != nullptr) {
+        return modal;
+    }
+    return main->isVisible() ? main : nullptr;
+}
+
+} // namespace
+
+Desktop::Desktop(const ProgramFolders& folders)
+    : application(std::make_unique<Application>(*this, Winsock1, folders)),
+      main(std::make_unique<frmMain>(*application)) {}
+
+void Desktop::setCaption(const std::string& caption) {
+    main->setWindowTitle(toQt(caption));
+}
+
+void Desktop::showValues() {
+    main->showValues();
+}
+
+void Desktop::showMainWindow() {
+    main->show();
+}
+
+void Desktop::setProgress(double fraction) {
+    main->setProgress(fraction);
+}
+
+void Desktop::show(const std::string& text) {
+    showMessageBox(frontWindow(main.get()), text);
+}
+
+void Desktop::openEmailSettings() {
+    frmSettings(frontWindow(main.get()), *application).exec();
+}
+
+void Desktop::openMessageEditor() {
+    frmMessage(frontWindow(main.get()), *application).exec();
+}
+
+void Desktop::openFilePicker() {
+    frmOpen(frontWindow(main.get()), *application).exec();
+}
+
+void Desktop::openReport() {
+    frmProgRept(frontWindow(main.get()), application->values().report).exec();
+}
+
+} // namespace turnpost

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/Application.h"
+#include "app/Windows.h"
+#include "platform/qt/QtSocket.h"
+#include "roster/qt/frmMain.h"
+
+#include <memory>
+
+namespace turnpost {
+
+/// The whole program on a desktop: the application, its socket and its windows.
+class Desktop final : public Windows {
+  public:
+    explicit Desktop(const ProgramFolders& folders);
+
+    void startUp() { application->startUp(); }
+    Application& app() { return *application; }
+    frmMain& mainWindow() { return *main; }
+
+    void setCaption(const std::string& caption) override;
+    void showValues() override;
+    void showMainWindow() override;
+    void setProgress(double fraction) override;
+    void show(const std::string& text) override;
+    void openEmailSettings() override;
+    void openMessageEditor() override;
+    void openFilePicker() override;
+    void openReport() override;
+
+  private:
+    QtSocket Winsock1;
+    std::unique_ptr<Application> application;
+    std::unique_ptr<frmMain> main;
+};
+
+} // namespace turnpost

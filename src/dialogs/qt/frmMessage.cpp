@@ -1,0 +1,46 @@
+#include "dialogs/qt/frmMessage.h"
+
+#include "compose/ExpandTemplate.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/Twips.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+namespace turnpost {
+
+frmMessage::frmMessage(QWidget* parent, Application& usedApplication)
+    : Form(parent, "frmMessage", "Edit Message", {7200, 5550}), application(usedApplication) {
+    addLabel("Label1", "Subject:", twipsRect(240, 180, 1215, 255));
+    txtSubject = addTextBox("txtSubject", twipsRect(1440, 150, 5520, 315), "Subject");
+    addLabel("Label2", "Your Message:", twipsRect(240, 570, 2415, 255));
+    txtMessage = addTextArea("txtMessage", twipsRect(240, 825, 6720, 3300), "Your message");
+    txtMessage->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    addLabel("Label3", "<<GN>> - Game Name", twipsRect(240, 4275, 3120, 255));
+    addLabel("Label4", "<<PN>> - Player Number", twipsRect(240, 4545, 3120, 255));
+    addLabel("Label5", "<<FN>> - Player First Name", twipsRect(3600, 4275, 3360, 255));
+    addLabel("Label6", "<<GY>> - Game Year", twipsRect(3600, 4545, 3360, 255));
+    QPushButton* mnuOK = addButton("mnuOK", "OK", twipsRect(1800, 4935, 1695, 495));
+    QPushButton* buttonDefault = addButton("Default", "Default", twipsRect(3720, 4935, 1695, 495));
+    connect(mnuOK, &QPushButton::clicked, this, &frmMessage::mnuOK_Click);
+    connect(buttonDefault, &QPushButton::clicked, this, &frmMessage::Default_Click);
+    showTemplate(application.values().message);
+}
+
+void frmMessage::showTemplate(const MessageTemplate& message) {
+    txtMessage->setPlainText(toQt(message.MessageBody));
+    txtSubject->setText(toQt(message.MessageSubject));
+}
+
+void frmMessage::Default_Click() {
+    showTemplate(defaultTemplate());
+}
+
+void frmMessage::mnuOK_Click() {
+    application.storeMessage({fromQt(txtSubject->text()), textOf(txtMessage)});
+    accept();
+}
+
+} // namespace turnpost

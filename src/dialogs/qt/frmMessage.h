@@ -1,0 +1,23 @@
+#pragma once
+
+#include "app/Application.h"
+#include "platform/qt/Form.h"
+
+namespace turnpost {
+
+/// The message editor: subject and body of the template. Only OK stores anything.
+class frmMessage final : public Form {
+  public:
+    frmMessage(QWidget* parent, Application& usedApplication);
+
+  private:
+    void showTemplate(const MessageTemplate& message);
+    void mnuOK_Click();
+    void Default_Click();
+
+    Application& application;
+    QLineEdit* txtSubject;
+    QPlainTextEdit* txtMessage;
+};
+
+} // namespace turnpost

@@ -1,0 +1,35 @@
+#include "dialogs/qt/frmSettings.h"
+
+#include "platform/qt/QtText.h"
+#include "platform/qt/Twips.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace turnpost {
+
+frmSettings::frmSettings(QWidget* parent, Application& usedApplication)
+    : Form(parent, "frmSettings", "Email Settings", {5700, 2100}), application(usedApplication) {
+    const Settings& settings = application.values().settings;
+    addLabel("Label1", "Your Name:", twipsRect(240, 240, 1935, 255));
+    txtHostName = addTextBox("txtHostName", twipsRect(2760, 240, 2775, 315), "Your name");
+    addLabel("Label2", "Your Email Address:", twipsRect(240, 600, 2535, 315));
+    txtHostEmail =
+        addTextBox("txtHostEmail", twipsRect(2760, 600, 2775, 315), "Your email address");
+    addLabel("Label3", "SMTP Address:", twipsRect(240, 960, 2415, 315));
+    txtSMTP = addTextBox("txtSMTP", twipsRect(2760, 960, 2775, 315), "SMTP address");
+    txtHostName->setText(toQt(settings.HostName));
+    txtHostEmail->setText(toQt(settings.HostEmail));
+    txtSMTP->setText(toQt(settings.SmtpServer));
+    QPushButton* butOK = addButton("butOK", "OK", twipsRect(1800, 1500, 2175, 495));
+    connect(butOK, &QPushButton::clicked, this, &frmSettings::butOK_Click);
+}
+
+void frmSettings::butOK_Click() {
+    application.storeEmailSettings(fromQt(txtHostName->text()), fromQt(txtHostEmail->text()),
+                                   fromQt(txtSMTP->text()));
+    accept();
+}
+
+} // namespace turnpost

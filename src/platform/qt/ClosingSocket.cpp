@@ -1,0 +1,46 @@
+#include "platform/qt/ClosingSocket.h"
+
+#include <QTcpSocket>
+#include <QTimer>
+
+#ifdef _WIN32
+#include <winsock2.h>
+#else
+#include <sys/socket.h>
+#endif
+
+namespace turnpost {
+
+namespace {
+
+constexpr int longestFarewell = 60000;    // milliseconds
+constexpr int farewellAtProgramEnd = 500; // milliseconds
+
+void endSending(qintptr descriptor) {
+#ifdef _WIN32
+    shutdown(static_cast<SOCKET>(descriptor), SD_SEND);
+#else
+    shutdown(static_cast<int>(descriptor), SHUT_WR);
+#endif
+}
+
+} // namespace
+
+ClosingSocket::ClosingSocket(QTcpSocket* closedSocket, QObject* parent)
+    : QObject(parent), socket(closedSocket) {
+    socket->setParent(this);
+    connect(socket, &QTcpSocket::readyRead, this, [this] { socket->readAll(); });
+    connect(socket, &QTcpSocket::disconnected, this, &QObject::deleteLater);
+    QTimer::singleShot(longestFarewell, this, &QObject::deleteLater);
+    endSending(socket->socketDescriptor());
+    socket->readAll();
+}
+
+ClosingSocket::~ClosingSocket() {
+    socket->disconnect(this);
+    if (socket->state() == QAbstractSocket::ConnectedState) {
+        socket->waitForDisconnected(farewellAtProgramEnd);
+    }
+}
+
+} // namespace turnpost

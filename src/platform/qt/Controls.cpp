@@ -1,0 +1,40 @@
+#include "platform/qt/Controls.h"
+
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+namespace turnpost {
+
+void CaptionButton::paintEvent(QPaintEvent*) {
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const QString caption = option.text;
+    option.text.clear();
+    QStylePainter painter(this);
+    painter.drawControl(QStyle::CE_PushButton, option);
+    painter.drawItemText(rect().adjusted(1, 1, -1, -1),
+                         Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic, palette(),
+                         isEnabled(), caption, QPalette::ButtonText);
+}
+
+void CaptionCheckBox::paintEvent(QPaintEvent*) {
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const QString caption = option.text;
+    const int boxWidth = style()->pixelMetric(QStyle::PM_IndicatorWidth, &option, this);
+    const int boxHeight = style()->pixelMetric(QStyle::PM_IndicatorHeight, &option, this);
+    option.rect = QRect(0, (height() - boxHeight) / 2, boxWidth, boxHeight);
+    QStylePainter painter(this);
+    painter.drawPrimitive(QStyle::PE_IndicatorCheckBox, option);
+    const QRect textRect = rect().adjusted(boxWidth + 4, 0, 0, 0);
+    painter.drawItemText(textRect, Qt::AlignVCenter | Qt::TextWordWrap | Qt::TextShowMnemonic,
+                         palette(), isEnabled(), caption, QPalette::WindowText);
+    if (hasFocus()) {
+        QStyleOptionFocusRect focus;
+        focus.QStyleOption::operator=(option);
+        focus.rect = textRect;
+        painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+    }
+}
+
+} // namespace turnpost

@@ -1,0 +1,122 @@
+#include "platform/qt/Form.h"
+
+#include "platform/qt/Controls.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/Twips.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScreen>
+#include <limits>
+
+namespace turnpost {
+
+namespace {
+
+// The largest size at which every caption fits its control with the usual fonts.
+constexpr int fontPixels = 11;
+
+// Brings a caption to the height of the text in the box beside it.
+constexpr int captionDrop = 2; // pixels
+
+void showAsReadOnly(QWidget* box) {
+    QPalette palette = box->palette();
+    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    box->setPalette(palette);
+}
+
+} // namespace
+
+Form::Form(QWidget* parent, const QString& name, const QString& caption, QSize clientSize)
+    : QDialog(parent), clientArea(new QWidget(this)) {
+    setObjectName(name);
+    setWindowTitle(caption);
+    QFont small = font();
+    small.setPixelSize(fontPixels);
+    setFont(small);
+    clientArea->resize(toPixels(clientSize.width()), toPixels(clientSize.height()));
+    setFixedSize(clientArea->size());
+}
+
+void Form::setMenuHeight(int pixels) {
+    clientArea->move(0, pixels);
+    setFixedSize(clientArea->width(), clientArea->height() + pixels);
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+    // QDialog would close on Escape and press some button on Enter.
+    event->ignore();
+}
+
+void Form::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (!placed) {
+        placed = true;
+        QRect frame = frameGeometry();
+        frame.moveCenter(screen()->availableGeometry().center());
+        move(frame.topLeft());
+    }
+}
+
+QLabel* Form::addLabel(const char* name, const QString& caption, const QRect& place) {
+    auto* label = new QLabel(clientArea);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    label->setContentsMargins(0, captionDrop, 0, 0);
+    label->setWordWrap(true);
+    label->setText(caption);
+    label->setGeometry(place);
+    return label;
+}
+
+QLineEdit* Form::addTextBox(const QString& name, const QRect& place,
+                            const QString& accessibleName) {
+    auto* box = new QLineEdit(clientArea);
+    box->setObjectName(name);
+    box->setGeometry(place);
+    box->setAccessibleName(accessibleName);
+    // The toolkit's own limit of 32767 characters would cut longer texts without a word.
+    box->setMaxLength(std::numeric_limits<int>::max());
+    return box;
+}
+
+QPlainTextEdit* Form::addTextArea(const char* name, const QRect& place,
+                                  const QString& accessibleName) {
+    auto* box = new QPlainTextEdit(clientArea);
+    box->setObjectName(name);
+    box->setGeometry(place);
+    box->setAccessibleName(accessibleName);
+    box->setTabChangesFocus(true);
+    return box;
+}
+
+QPushButton* Form::addButton(const char* name, const QString& caption, const QRect& place) {
+    auto* button = new CaptionButton(caption, clientArea);
+    button->setObjectName(name);
+    button->setGeometry(place);
+    button->setAutoDefault(false);
+    return button;
+}
+
+void makeReadOnly(QLineEdit* box) {
+    box->setReadOnly(true);
+    showAsReadOnly(box);
+}
+
+void makeReadOnly(QPlainTextEdit* box) {
+    box->setReadOnly(true);
+    showAsReadOnly(box);
+}
+
+std::string textOf(const QPlainTextEdit* box) {
+    // toPlainText would turn hard blanks into plain ones.
+    QString text = box->document()->toRawText();
+    text.replace(QChar::ParagraphSeparator, "\r\n");
+    text.replace(QChar::LineSeparator, "\r\n");
+    return fromQt(text);
+}
+
+} // namespace turnpost

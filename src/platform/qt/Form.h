@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QDialog>
+#include <QRect>
+
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+
+namespace turnpost {
+
+/// Base of all windows: a fixed size in twips, centred on the screen, controls placed by hand, one
+/// font small enough for every caption. Escape and Enter do nothing. Texts of labels and boxes are
+/// plain, whatever they hold. Controls carry their names as object names.
+class Form : public QDialog {
+  public:
+    /// `clientSize` in twips.
+    Form(QWidget* parent, const QString& name, const QString& caption, QSize clientSize);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+    /// Makes room above the client area, in pixels, for a menu bar.
+    void setMenuHeight(int pixels);
+
+    // The positions are in twips (twipsRect).
+    QLabel* addLabel(const char* name, const QString& caption, const QRect& place);
+    QLineEdit* addTextBox(const QString& name, const QRect& place, const QString& accessibleName);
+    QPlainTextEdit* addTextArea(const char* name, const QRect& place,
+                                const QString& accessibleName);
+    QPushButton* addButton(const char* name, const QString& caption, const QRect& place);
+
+    QWidget* client() const { return clientArea; }
+
+  private:
+    QWidget* clientArea;
+    bool placed = false;
+};
+
+/// Marks a text box as not editable, in behaviour and in look.
+void makeReadOnly(QLineEdit* box);
+void makeReadOnly(QPlainTextEdit* box);
+
+/// The text of a multi-line box with CR LF line ends. Nothing else is changed, hard blanks
+/// included.
+std::string textOf(const QPlainTextEdit* box);
+
+} // namespace turnpost

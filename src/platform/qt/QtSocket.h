@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/Socket.h"
+#include "platform/qt/ConnectionProbe.h"
+
+#include <QObject>
+#include <QTcpSocket>
+#include <functional>
+
+namespace turnpost {
+
+/// The program's TCP client. Every connection gets a fresh socket; what an old one still reports
+/// falls away with it.
+class QtSocket final : public QObject, public Socket {
+  public:
+    explicit QtSocket(QObject* parent = nullptr) : QObject(parent) {}
+
+    void setEvents(SocketEvents* socketEvents) override { events = socketEvents; }
+    void Connect(const std::string& host, std::uint16_t port) override;
+    void SendData(const std::string& bytes) override;
+    std::string GetData() override;
+    void Close() override;
+
+  private:
+    void deliver(const std::function<void()>& event);
+    void onConnected();
+    void onReadyRead();
+    void onError(QAbstractSocket::SocketError error);
+
+    SocketEvents* events = nullptr;
+    QTcpSocket* socket = nullptr;
+    ConnectionProbe probe;
+};
+
+} // namespace turnpost

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace turnpost {
+
+inline QString toQt(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+inline std::string fromQt(const QString& text) {
+    return text.toStdString();
+}
+
+/// For places where the toolkit would take "&" as the mark of an access key.
+inline QString withoutAccessKeys(QString text) {
+    return text.replace('&', "&&");
+}
+
+} // namespace turnpost

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QAbstractSocket>
+
+namespace turnpost {
+
+inline constexpr int connectionReset = 10054;
+
+/// The well-known Winsock number of a socket error, the same on every system. `description` is the
+/// socket's own: the toolkit has one code for several network errors and tells them apart only
+/// there.
+int winsockNumber(QAbstractSocket::SocketError error, const QString& description);
+
+} // namespace turnpost

@@ -1,0 +1,108 @@
+#include "roster/qt/RosterRows.h"
+
+#include "platform/qt/Form.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/Twips.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <limits>
+
+namespace turnpost {
+
+namespace {
+
+constexpr int firstTop = 1440;
+constexpr int rowDistance = 360;
+
+int topOf(int index) {
+    return firstTop + rowDistance * index;
+}
+
+QString nameOf(const char* control, int index) {
+    return QString("%1(%2)").arg(control).arg(index);
+}
+
+void setTextIfOther(QLineEdit* box, const std::string& text) {
+    // Setting an equal text would move the cursor of a box that the host is typing in.
+    if (fromQt(box->text()) != text) {
+        const QSignalBlocker blocker(box);
+        box->setText(toQt(text));
+        box->setCursorPosition(0);
+    }
+}
+
+} // namespace
+
+RosterRows::RosterRows(QWidget* client, GameDetails& shownGame) : QObject(client), game(shownGame) {
+    for (int i = 0; i < rowCount; ++i) {
+        rows[static_cast<size_t>(i)] = makeRow(i, client);
+    }
+}
+
+RosterRows::Row RosterRows::makeRow(int index, QWidget* client) {
+    const QString player = QString("Player %1 ").arg(index + 1);
+    const int top = topOf(index);
+    Row row{};
+    row.PlayNum = new QLabel(client);
+    row.PlayNum->setTextFormat(Qt::PlainText);
+    row.PlayNum->setObjectName(nameOf("PlayNum", index));
+    row.PlayNum->setGeometry(twipsRect(180, top, 255, 255));
+    row.IncludePlayer = new QCheckBox(client);
+    row.IncludePlayer->setObjectName(nameOf("IncludePlayer", index));
+    row.IncludePlayer->setAccessibleName(player + "included");
+    row.IncludePlayer->setGeometry(twipsRect(480, top, 255, 255));
+    connect(row.IncludePlayer, &QCheckBox::toggled, this, [this, index](bool ticked) {
+        game.rows[static_cast<size_t>(index)].IncludePlayer = ticked ? 1 : 0;
+    });
+    row.PlayerName =
+        addBox(client, index, "PlayerName", player + "name", 840, 2100, &PlayerSlot::PlayerName);
+    row.PlayerEmail = addBox(client, index, "PlayerEmail", player + "e-mail address", 3060, 2400,
+                             &PlayerSlot::PlayerEmail);
+    row.AltEmail = addBox(client, index, "AltEmail", player + "alternate e-mail address", 5580,
+                          2400, &PlayerSlot::AltEmail);
+    row.GameFile =
+        addBox(client, index, "GameFile", player + "turn file", 8100, 1275, &PlayerSlot::GameFile);
+    makeReadOnly(row.GameFile);
+    return row;
+}
+
+QLineEdit* RosterRows::addBox(QWidget* client, int index, const char* name,
+                              const QString& accessibleName, int left, int width,
+                              std::string PlayerSlot::*field) {
+    auto* box = new QLineEdit(client);
+    box->setObjectName(nameOf(name, index));
+    box->setAccessibleName(accessibleName);
+    box->setGeometry(twipsRect(left, topOf(index), width, 285));
+    box->setMaxLength(std::numeric_limits<int>::max());
+    connect(box, &QLineEdit::textChanged, this, [this, index, field](const QString& text) {
+        game.rows[static_cast<size_t>(index)].*field = fromQt(text);
+    });
+    return box;
+}
+
+void RosterRows::showGame() {
+    for (int i = 0; i < rowCount; ++i) {
+        const PlayerSlot& slot = game.rows[static_cast<size_t>(i)];
+        const Row& row = rows[static_cast<size_t>(i)];
+        row.PlayNum->setText(QString::number(i + 1));
+        {
+            // The model may hold another number than 1 for a tick; showing it must not change it.
+            const QSignalBlocker blocker(row.IncludePlayer);
+            row.IncludePlayer->setChecked(slot.IncludePlayer != 0);
+        }
+        setTextIfOther(row.PlayerName, slot.PlayerName);
+        setTextIfOther(row.PlayerEmail, slot.PlayerEmail);
+        setTextIfOther(row.AltEmail, slot.AltEmail);
+        setTextIfOther(row.GameFile, slot.GameFile);
+        QWidget* const controls[] = {row.PlayNum,     row.IncludePlayer, row.PlayerName,
+                                     row.PlayerEmail, row.AltEmail,      row.GameFile};
+        for (QWidget* control : controls) {
+            control->setVisible(slot.Shown);
+        }
+    }
+}
+
+} // namespace turnpost

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "roster/GameDetails.h"
+
+#include <QObject>
+#include <array>
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QWidget;
+
+namespace turnpost {
+
+/// The controls of the 16 player rows. What the host types or ticks goes into the model at once.
+class RosterRows final : public QObject {
+  public:
+    /// Makes the rows on `client`; `game` must outlive them.
+    RosterRows(QWidget* client, GameDetails& shownGame);
+
+    /// Brings every control in step with the model.
+    void showGame();
+
+  private:
+    struct Row {
+        QLabel* PlayNum;
+        QCheckBox* IncludePlayer;
+        QLineEdit* PlayerName;
+        QLineEdit* PlayerEmail;
+        QLineEdit* AltEmail;
+        QLineEdit* GameFile;
+    };
+
+    Row makeRow(int index, QWidget* client);
+    QLineEdit* addBox(QWidget* client, int index, const char* name, const QString& accessibleName,
+                      int left, int width, std::string PlayerSlot::*field);
+
+    GameDetails& game;
+    std::array<Row, rowCount> rows{};
+};
+
+} // namespace turnpost

@@ -1,0 +1,69 @@
+#include "roster/qt/frmMain.h"
+
+#include "platform/qt/QtText.h"
+#include "roster/qt/MainClosing.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <cmath>
+#include <utility>
+
+namespace turnpost {
+
+namespace {
+
+constexpr int trackLength = 176; // pixels, between the "0%" and "100%" labels
+
+} // namespace
+
+void frmMain::showValues() {
+    const SharedValues& values = application.values();
+    const QSignalBlocker blocker(GameName);
+    GameName->setText(toQt(values.game.GameName));
+    txtGamePath->setText(toQt(values.game.GamePath));
+    txtYear->setText(QString::number(values.game.GameYear));
+    rows->showGame();
+    for (size_t slot = 0; slot < mnuStoredG.size(); ++slot) {
+        mnuStoredG[slot]->setText(
+            withoutAccessKeys(toQt(values.settings.StoredGames[slot].StoredGameName)));
+    }
+}
+
+void frmMain::setProgress(double fraction) {
+    Shape1->resize(static_cast<int>(std::lround(fraction * trackLength)), Shape1->height());
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+    // Every press counts, also on the option that already shows as selected and the second one of a
+    // double-click; selecting by the keyboard does nothing.
+    const bool press =
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    for (size_t index = 0; press && index < PlaySel.size(); ++index) {
+        if (watched == PlaySel[index]) {
+            PlaySel_MouseDown(static_cast<int>(index));
+        }
+    }
+    return Form::eventFilter(watched, event);
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    event->accept();
+    // The animation lets events run, a second close among them.
+    if (!std::exchange(closing, true)) {
+        application.shutDown();
+        playClosingAnimation(this);
+        QCoreApplication::quit();
+    }
+}
+
+void frmMain::PlaySel_MouseDown(int index) {
+    application.selectPlayers(static_cast<PlayerSelection>(index));
+}
+
+} // namespace turnpost

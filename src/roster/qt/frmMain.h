@@ -1,0 +1,61 @@
+#pragma once
+
+#include "app/Application.h"
+#include "platform/qt/Form.h"
+#include "roster/qt/RosterRows.h"
+
+class QAction;
+class QFrame;
+class QMenu;
+class QMenuBar;
+class QRadioButton;
+
+namespace turnpost {
+
+/// The main window: shows the shared values and hands every command on.
+class frmMain final : public Form {
+  public:
+    explicit frmMain(Application& usedApplication);
+
+    /// Brings every control in step with the shared values.
+    void showValues();
+
+    /// Sets the length of the progress bar, from 0 to 1 of its track.
+    void setProgress(double fraction);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void addGameBoxes();
+    void addButtons();
+    void addSelection();
+    void addProgress();
+    void addHeadings();
+    void addMenus();
+    QAction* addItem(QMenu* menu, const char* name, const QString& caption,
+                     void (frmMain::*handler)());
+
+    void GameChoose_Click() { application.findGame(); }
+    void PlaySel_MouseDown(int index);
+    void butSend_Click() { application.butSend_Click(); }
+    void butSend2_Click() { application.butSend2_Click(); }
+    void mnuNew_Click() { application.newGame(); }
+    void mnuExit_Click() { close(); }
+    void mnuEmailSets_Click() { application.editEmailSettings(); }
+    void mnuMsg_Click() { application.editMessage(); }
+
+    Application& application;
+    QMenuBar* menuBar = nullptr;
+    QLineEdit* GameName = nullptr;
+    QLineEdit* txtGamePath = nullptr;
+    QLabel* txtYear = nullptr;
+    QFrame* Shape1 = nullptr;
+    std::array<QRadioButton*, 3> PlaySel{};
+    std::array<QAction*, 4> mnuStoredG{};
+    RosterRows* rows = nullptr;
+    bool closing = false;
+};
+
+} // namespace turnpost

@@ -1,0 +1,136 @@
+#include "roster/qt/frmMain.h"
+
+#include "platform/qt/QtText.h"
+#include "platform/qt/Twips.h"
+
+#include <QAction>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace turnpost {
+
+frmMain::frmMain(Application& usedApplication)
+    : Form(nullptr, "frmMain", {}, {9600, 7200}), application(usedApplication) {
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                   Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+                   Qt::WindowCloseButtonHint);
+    addMenus();
+    addGameBoxes();
+    addSelection();
+    addButtons();
+    addProgress();
+    addHeadings();
+    rows = new RosterRows(client(), application.game());
+}
+
+void frmMain::addGameBoxes() {
+    addLabel("Label4", "Game Name:", twipsRect(60, 120, 1575, 255));
+    GameName = addTextBox("GameName", twipsRect(1440, 120, 2955, 345), "Game name");
+    connect(GameName, &QLineEdit::textChanged, this,
+            [this](const QString& text) { application.game().GameName = fromQt(text); });
+    addLabel("Label10", "Year:", twipsRect(4440, 120, 615, 315));
+    txtYear = addLabel("txtYear", {}, twipsRect(5040, 120, 615, 315));
+    txtYear->setFrameStyle(QFrame::Box | QFrame::Plain);
+    txtYear->setAlignment(Qt::AlignCenter);
+    txtYear->setContentsMargins(0, 0, 0, 0);
+    txtYear->setBackgroundRole(QPalette::Base);
+    txtYear->setAutoFillBackground(true);
+    addLabel("Label5", "Game Path:", twipsRect(60, 480, 1575, 255));
+    txtGamePath = addTextBox("txtGamePath", twipsRect(1440, 480, 3195, 345), "Game path");
+    makeReadOnly(txtGamePath);
+}
+
+void frmMain::addSelection() {
+    const char* const captions[] = {"All", "None", "Invert"};
+    const QRect places[] = {twipsRect(180, 900, 795, 315), twipsRect(1020, 900, 855, 315),
+                            twipsRect(1920, 900, 855, 315)};
+    for (size_t i = 0; i < PlaySel.size(); ++i) {
+        PlaySel[i] = new QRadioButton(captions[i], client());
+        PlaySel[i]->setObjectName(QString("PlaySel(%1)").arg(i));
+        PlaySel[i]->setGeometry(places[i]);
+        PlaySel[i]->installEventFilter(this);
+    }
+}
+
+void frmMain::addButtons() {
+    QPushButton* GameChoose = addButton("GameChoose", "Find Game", twipsRect(4680, 480, 975, 315));
+    QPushButton* Command1 = addButton("Command1", "Send via MAPI", twipsRect(5760, 60, 975, 495));
+    QPushButton* butSend = addButton("butSend", "Send via SMTP", twipsRect(6780, 60, 915, 495));
+    QPushButton* butAtch = addButton("butAtch", "Attachments", twipsRect(8280, 60, 1095, 495));
+    QPushButton* butSend2 = addButton("butSend2", "Command2", twipsRect(1080, 120, 1575, 195));
+    butSend2->hide();
+    Command1->setEnabled(false);
+    butAtch->setEnabled(false);
+    connect(GameChoose, &QPushButton::clicked, this, &frmMain::GameChoose_Click);
+    connect(butSend, &QPushButton::clicked, this, &frmMain::butSend_Click);
+    connect(butSend2, &QPushButton::clicked, this, &frmMain::butSend2_Click);
+}
+
+void frmMain::addProgress() {
+    QLabel* Label8 = addLabel("Label8", "Sending Progress", twipsRect(5760, 540, 3615, 615));
+    Label8->setFrameStyle(QFrame::Box | QFrame::Plain);
+    Label8->setIndent(toPixels(60));
+    addLabel("Label6", "0%", twipsRect(5880, 780, 255, 255));
+    Shape1 = new QFrame(client());
+    Shape1->setObjectName("Shape1");
+    Shape1->setAccessibleName("Sending progress");
+    Shape1->setGeometry(twipsRect(6240, 780, 2640, 255));
+    Shape1->setBackgroundRole(QPalette::Highlight);
+    Shape1->setAutoFillBackground(true);
+    addLabel("Label7", "100%", twipsRect(8880, 780, 495, 255));
+}
+
+void frmMain::addHeadings() {
+    addLabel("Label1", "Player Name ", twipsRect(840, 1200, 2775, 255));
+    addLabel("Label2", "Player Email Address", twipsRect(3060, 1200, 2415, 255));
+    addLabel("Label9", "Alternate Email", twipsRect(5580, 1200, 2415, 315));
+    addLabel("Label3", "Turn File", twipsRect(8100, 1200, 1095, 255));
+}
+
+QAction* frmMain::addItem(QMenu* menu, const char* name, const QString& caption,
+                          void (frmMain::*handler)()) {
+    QAction* item = menu->addAction(caption);
+    item->setObjectName(name);
+    item->setEnabled(handler != nullptr);
+    if (handler != nullptr) {
+        connect(item, &QAction::triggered, this, handler);
+    }
+    return item;
+}
+
+void frmMain::addMenus() {
+    menuBar = new QMenuBar(this);
+    const auto addMenu = [this](const char* name, const QString& caption) {
+        QMenu* menu = menuBar->addMenu(caption);
+        menu->setObjectName(name);
+        return menu;
+    };
+    QMenu* mnuFile = addMenu("mnuFile", "&File");
+    addItem(mnuFile, "mnuNew", "&New", &frmMain::mnuNew_Click);
+    addItem(mnuFile, "mnuOpen", "&Open", nullptr);
+    addItem(mnuFile, "mnuSave", "&Save", nullptr);
+    mnuFile->addSeparator()->setObjectName("mnuSpace1");
+    addItem(mnuFile, "mnuExit", "E&xit", &frmMain::mnuExit_Click);
+    QMenu* mnuSettings = addMenu("mnuSettings", "&Settings");
+    addItem(mnuSettings, "mnuEmailSets", "&Email", &frmMain::mnuEmailSets_Click);
+    addItem(mnuSettings, "mnuMsg", "&Message", &frmMain::mnuMsg_Click);
+    QMenu* mnuStored = addMenu("mnuStored", "&Stored Games");
+    for (size_t slot = 0; slot < mnuStoredG.size(); ++slot) {
+        mnuStoredG[slot] = addItem(mnuStored, "", {}, nullptr);
+        mnuStoredG[slot]->setObjectName(QString("mnuStoredG(%1)").arg(slot + 1));
+    }
+    mnuStored->addSeparator()->setObjectName("mnuSpace2");
+    addItem(mnuStored, "mnuStoredCon", "Configure", nullptr);
+    QMenu* mnuHelp = addMenu("mnuHelp", "&Help");
+    addItem(mnuHelp, "mnuAbout", "&About", nullptr);
+    const int height = menuBar->sizeHint().height();
+    menuBar->setGeometry(0, 0, toPixels(9600), height);
+    setMenuHeight(height);
+}
+
+} // namespace turnpost

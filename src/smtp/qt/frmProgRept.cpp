@@ -1,0 +1,20 @@
+#include "smtp/qt/frmProgRept.h"
+
+#include "platform/qt/QtText.h"
+#include "platform/qt/Twips.h"
+
+#include <QPlainTextEdit>
+
+namespace turnpost {
+
+frmProgRept::frmProgRept(QWidget* parent, const SendReport& report)
+    : Form(parent, "frmProgRept", "Turn Sending Report", {4770, 4755}) {
+    QPlainTextEdit* txtReport =
+        addTextArea("txtReport", twipsRect(240, 240, 4335, 4215), "Sending report");
+    txtReport->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    txtReport->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    makeReadOnly(txtReport);
+    txtReport->setPlainText(toQt(reportText(report)).replace("\r\n", "\n"));
+}
+
+} // namespace turnpost

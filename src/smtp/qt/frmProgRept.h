@@ -1,0 +1,15 @@
+#pragma once
+
+#include "compose/SendReport.h"
+#include "platform/qt/Form.h"
+
+namespace turnpost {
+
+/// The sending report: what happened to each of the 16 rows. Has no buttons; the host closes it
+/// with the window's close box.
+class frmProgRept final : public Form {
+  public:
+    frmProgRept(QWidget* parent, const SendReport& report);
+};
+
+} // namespace turnpost
