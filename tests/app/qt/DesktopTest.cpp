@@ -1,0 +1,61 @@
+#include "platform/Files.h"
+#include "storage/SettingsFile.h"
+#include "support/Host.h"
+#include "support/Waiting.h"
+
+#include <QAction>
+#include <QSignalSpy>
+#include <gtest/gtest.h>
+
+namespace turnpost::test {
+
+TEST(DesktopProgram, DamagedSettingsAreSaidOnceKeptBesideAndWhatCanBeReadIsUsed) {
+    Host host;
+    const std::string damaged = "\"Game Host\"\r\n\"host@example.org\"\r\n\"mail";
+    replaceFile(host.folder() + "/TURNPOST.INI", damaged);
+    host.watcher().expectMessage();
+    host.desktop().startUp();
+    EXPECT_NE(host.watcher().texts()[0].find(host.folder() + "/TURNPOST.INI"), std::string::npos);
+    EXPECT_EQ(host.desktop().app().values().settings.HostEmail, "host@example.org");
+    EXPECT_EQ(host.desktop().app().values().settings.SmtpServer, "");
+    EXPECT_EQ(readFile(host.folder() + "/TURNPOST.INI"), damaged);
+    host.desktop().app().storeEmailSettings("a", "b", "c");
+    EXPECT_EQ(readFile(host.folder() + "/TURNPOST.BAD"), damaged);
+    EXPECT_EQ(parseSettings(readFile(host.folder() + "/TURNPOST.INI")).settings.SmtpServer, "c");
+    EXPECT_EQ(host.watcher().faults(), std::vector<std::string>{});
+}
+
+TEST(DesktopProgram, StoredGameNamesBecomeMenuEntriesWithoutAccessKeys) {
+    Host host;
+    Settings settings;
+    settings.StoredGames[1] = {"Fire & Ice", "/nowhere/GAME.NTP"};
+    replaceFile(host.folder() + "/TURNPOST.INI", printSettings(settings));
+    host.desktop().startUp();
+    EXPECT_EQ(host.window().findChild<QAction*>("mnuStoredG(1)")->text(), " - Empty - ");
+    EXPECT_EQ(host.window().findChild<QAction*>("mnuStoredG(2)")->text(), "Fire && Ice");
+}
+
+TEST(DesktopProgram, BothWaysOfClosingShrinkTheWindowAndEndTheProgram) {
+    for (const bool byMenu : {true, false}) {
+        Host host;
+        host.saveSettings("localhost");
+        host.desktop().startUp();
+        const QSignalSpy quitting(qApp, &QCoreApplication::aboutToQuit);
+        if (byMenu) {
+            QMetaObject::invokeMethod(
+                qApp, [&host] { host.chooseMenu("mnuExit"); }, Qt::QueuedConnection);
+        } else {
+            QMetaObject::invokeMethod(
+                qApp, [&host] { host.window().close(); }, Qt::QueuedConnection);
+        }
+        // A program that does not end is ended here, with another exit status.
+        QTimer::singleShot(20000, qApp, [] { QCoreApplication::exit(1); });
+        EXPECT_EQ(QCoreApplication::exec(), 0);
+        EXPECT_EQ(quitting.count(), 1);
+        EXPECT_FALSE(host.window().isVisible());
+        EXPECT_LE(host.window().frameGeometry().width(), 2000 / 15);
+        EXPECT_LE(host.window().height(), 30 / 15);
+    }
+}
+
+} // namespace turnpost::test

@@ -1,0 +1,148 @@
+#include "platform/qt/QtSocket.h"
+
+#include "support/ScriptedServer.h"
+#include "support/Waiting.h"
+
+#include <QTcpServer>
+#include <gtest/gtest.h>
+
+namespace turnpost::test {
+
+namespace {
+
+// Keeps what the socket reports.
+class Recorder final : public SocketEvents {
+  public:
+    explicit Recorder(Socket& watched) : socket(watched) { socket.setEvents(this); }
+
+    void DataArrival() override { arrivals.push_back(socket.GetData()); }
+    void Error(int number, const std::string& description) override {
+        errors.push_back(number);
+        descriptions.push_back(description);
+    }
+
+    Socket& socket;
+    std::vector<std::string> arrivals;
+    std::vector<int> errors;
+    std::vector<std::string> descriptions;
+};
+
+Script answering(Point point, const Answer& answer) {
+    return [point, answer](Point asked, int, const std::string&) {
+        return asked == point ? answer : goodAnswer(asked);
+    };
+}
+
+std::uint16_t unusedPort() {
+    QTcpServer server;
+    server.listen(QHostAddress::LocalHost);
+    return server.serverPort();
+}
+
+} // namespace
+
+TEST(QtSocket, EachPieceFromTheServerIsOneArrival) {
+    ScriptedServer server([](Point point, int, const std::string&) { return goodAnswer(point); });
+    QtSocket socket;
+    Recorder seen(socket);
+    socket.Connect("127.0.0.1", server.port());
+    ASSERT_TRUE(waitUntil([&] { return seen.arrivals.size() == 1; }));
+    socket.SendData("HELO a\r\n");
+    ASSERT_TRUE(waitUntil([&] { return seen.arrivals.size() == 2; }));
+    EXPECT_EQ(seen.arrivals[0], "220 test.example ready\r\n");
+    EXPECT_EQ(seen.arrivals[1], "250 ok\r\n");
+}
+
+TEST(QtSocket, RefusalAndUnknownHostCarryTheirNumbersAndNeverComeFromInsideConnect) {
+    QtSocket socket;
+    Recorder seen(socket);
+    socket.Connect("127.0.0.1", unusedPort());
+    EXPECT_TRUE(seen.errors.empty());
+    ASSERT_TRUE(waitUntil([&] { return !seen.errors.empty(); }));
+    socket.Connect("no-such-host.invalid", 25);
+    ASSERT_TRUE(waitUntil([&] { return seen.errors.size() == 2; }));
+    EXPECT_EQ(seen.errors, (std::vector<int>{10061, 11001}));
+    EXPECT_EQ(seen.descriptions[0], "Connection refused");
+    EXPECT_FALSE(seen.descriptions[1].empty());
+}
+
+TEST(QtSocket, AResetIsAnErrorButAnOrderlyCloseIsNone) {
+    for (const auto then : {Answer::Then::Reset, Answer::Then::Close}) {
+        ScriptedServer server(answering(Point::Helo, {"", then}));
+        QtSocket socket;
+        Recorder seen(socket);
+        socket.Connect("127.0.0.1", server.port());
+        ASSERT_TRUE(waitUntil([&] { return !seen.arrivals.empty(); }));
+        socket.SendData("HELO a\r\n");
+        if (then == Answer::Then::Reset) {
+            ASSERT_TRUE(waitUntil([&] { return !seen.errors.empty(); }));
+            EXPECT_EQ(seen.errors, std::vector<int>{10054});
+        } else {
+            ASSERT_TRUE(waitUntil([&] { return server.conversations()[0].ended; }));
+            runPendingEvents();
+            EXPECT_TRUE(seen.errors.empty());
+        }
+    }
+}
+
+TEST(QtSocket, AReplyFollowedByAResetArrivesBeforeTheError) {
+    ScriptedServer server(answering(Point::Helo, {"", Answer::Then::Reset}));
+    QtSocket socket;
+    Recorder seen(socket);
+    socket.Connect("127.0.0.1", server.port());
+    ASSERT_TRUE(waitUntil([&] { return !seen.arrivals.empty(); }));
+    EXPECT_TRUE(seen.errors.empty());
+    socket.SendData("HELO a\r\n");
+    ASSERT_TRUE(waitUntil([&] { return !seen.errors.empty(); }));
+    EXPECT_EQ(seen.arrivals.size(), 1U);
+}
+
+TEST(QtSocket, ALateAnswerToQuitMeetsNoReset) {
+    ScriptedServer server(answering(Point::Quit, {"221 bye\r\n", Answer::Then::Continue, true}));
+    QtSocket socket;
+    Recorder seen(socket);
+    socket.Connect("127.0.0.1", server.port());
+    ASSERT_TRUE(waitUntil([&] { return !seen.arrivals.empty(); }));
+    socket.SendData("QUIT\r\n");
+    socket.Close();
+    // The next connection is not held up by the answer that is still out.
+    socket.Connect("127.0.0.1", server.port());
+    ASSERT_TRUE(waitUntil([&] { return seen.arrivals.size() == 2; }));
+    ASSERT_TRUE(waitUntil([&] { return server.conversations()[0].ended; }));
+    EXPECT_EQ(server.conversations()[0].commands, std::vector<std::string>{"QUIT"});
+    EXPECT_FALSE(server.conversations()[0].wasReset);
+}
+
+TEST(QtSocket, CloseDropsWhatTheSystemHasNotTaken) {
+    ScriptedServer server([](Point point, int, const std::string&) { return goodAnswer(point); });
+    QtSocket socket;
+    Recorder seen(socket);
+    socket.Connect("127.0.0.1", server.port());
+    ASSERT_TRUE(waitUntil([&] { return !seen.arrivals.empty(); }));
+    socket.SendData("DATA\r\n");
+    ASSERT_TRUE(waitUntil([&] { return seen.arrivals.size() == 2; }));
+    // More than the system's buffers hold while the server does not read.
+    socket.SendData(std::string(64 << 20, 'x') + "\r\n.\r\n");
+    socket.Close();
+    ASSERT_TRUE(waitUntil([&] { return server.conversations()[0].ended; }));
+    EXPECT_FALSE(server.conversations()[0].delivered);
+}
+
+TEST(QtSocket, NothingOfAnOldConnectionReachesTheNewOne) {
+    ScriptedServer old(answering(Point::Greeting, {"220 old\r\n", Answer::Then::Continue, true}));
+    ScriptedServer next([](Point point, int, const std::string&) { return goodAnswer(point); });
+    QtSocket socket;
+    Recorder seen(socket);
+    socket.Connect("127.0.0.1", old.port());
+    ASSERT_TRUE(waitUntil([&] { return old.conversations().size() == 1; }));
+    runPendingEvents();
+    socket.Connect("127.0.0.1", next.port());
+    old.release(0);
+    ASSERT_TRUE(waitUntil([&] { return !seen.arrivals.empty(); }));
+    ASSERT_TRUE(waitUntil([&] { return old.conversations()[0].ended; }));
+    runPendingEvents();
+    EXPECT_EQ(seen.arrivals, std::vector<std::string>{"220 test.example ready\r\n"});
+    EXPECT_TRUE(seen.errors.empty());
+}
+
+} // namespace turnpost::test

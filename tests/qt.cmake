@@ -1,0 +1,26 @@
+find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
+
+# A person and a mail server for tests and the demo.
+add_library(turnpost_support STATIC
+  support/Host.cpp support/ModalWatcher.cpp support/SampleGame.cpp support/ScriptedServer.cpp
+  support/UuDecoder.cpp support/Waiting.cpp)
+target_include_directories(turnpost_support PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+target_link_libraries(turnpost_support PUBLIC turnpost_forms Qt6::Test)
+
+# The windows and adapters of a room, with the real forms.
+function(turnpost_qt_test room)
+  list(TRANSFORM ARGN PREPEND ${room}/qt/)
+  add_executable(test_${room}_qt ${ARGN} support/TestMain.cpp)
+  target_link_libraries(test_${room}_qt PRIVATE turnpost_support GTest::gtest)
+  gtest_discover_tests(test_${room}_qt DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT 120 ENVIRONMENT "${TURNPOST_TEST_ENVIRONMENT}")
+endfunction()
+
+set(TURNPOST_TEST_ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/support/leaks.supp")
+
+turnpost_qt_test(platform QtSocketTest.cpp FormTest.cpp)
+turnpost_qt_test(smtp RealServerTest.cpp SendTest.cpp)
+target_compile_definitions(test_smtp_qt PRIVATE TURNPOST_TESTS="${CMAKE_CURRENT_SOURCE_DIR}")
+turnpost_qt_test(dialogs EmailSettingsTest.cpp FilePickerTest.cpp MessageEditorTest.cpp)
+turnpost_qt_test(roster MainWindowTest.cpp)
+turnpost_qt_test(app DesktopTest.cpp)

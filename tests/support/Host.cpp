@@ -1,0 +1,93 @@
+#include "support/Host.h"
+
+#include "platform/Files.h"
+#include "platform/Path.h"
+#include "storage/SettingsFile.h"
+#include "support/Waiting.h"
+
+#include <QAction>
+#include <QFileSystemModel>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeView>
+
+namespace turnpost::test {
+
+Host::Host(const std::string& folder)
+    : programFolder(folder.empty() ? temporary.path().toStdString() : folder),
+      program({programFolder, programFolder}) {}
+
+void Host::saveSettings(const std::string& smtpServer) const {
+    Settings settings;
+    settings.HostName = "Game Host";
+    settings.HostEmail = "host@example.org";
+    settings.SmtpServer = smtpServer;
+    replaceFile(joinPath(programFolder, "TURNPOST.INI"), printSettings(settings));
+}
+
+void Host::click(const QString& button, QWidget* form) {
+    auto* control = findControl<QAbstractButton>(*formOr(form), button);
+    QTest::mouseClick(control, Qt::LeftButton);
+}
+
+void Host::type(const QString& box, const QString& text, QWidget* form) {
+    auto* control = findControl<QWidget>(*formOr(form), box);
+    QTest::mouseClick(control, Qt::LeftButton);
+    QTest::keySequence(control, QKeySequence::SelectAll);
+    QTest::keyClick(control, Qt::Key_Delete);
+    QTest::keyClicks(control, text);
+}
+
+void Host::chooseMenu(const QString& item) {
+    auto* action = window().findChild<QAction*>(item);
+    if (action == nullptr || !action->isEnabled()) {
+        throw std::runtime_error("no menu item " + item.toStdString());
+    }
+    action->trigger();
+}
+
+QString Host::textOf(const QString& box) {
+    return findControl<QLineEdit>(window(), box)->text();
+}
+
+void Host::selectFile(QWidget& picker, const QString& folder, const QString& file) {
+    auto* tree = findControl<QTreeView>(picker, "Dir1");
+    auto* list = findControl<QListView>(picker, "File1");
+    const auto clickOn = [](QAbstractItemView* view, const QModelIndex& item) {
+        view->scrollTo(item);
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(item).center());
+    };
+    if (!folder.isEmpty()) {
+        auto* folders = dynamic_cast<QFileSystemModel*>(tree->model());
+        const QModelIndex item = folders->index(folder);
+        // The tree fills in its own time.
+        if (!waitUntil([&] { return tree->visualRect(item).isValid(); })) {
+            throw std::runtime_error("no folder " + folder.toStdString());
+        }
+        clickOn(tree, item);
+    }
+    const QAbstractItemModel* model = list->model();
+    const QModelIndexList found =
+        model->match(model->index(0, 0), Qt::DisplayRole, file, 1, Qt::MatchExactly);
+    if (found.isEmpty()) {
+        throw std::runtime_error("no file " + file.toStdString());
+    }
+    clickOn(list, found.first());
+}
+
+void Host::expectPicker(const QString& file) {
+    modals.expect("frmOpen", [this, file](QWidget& form) {
+        selectFile(form, {}, file);
+        click("butLoad", &form);
+    });
+}
+
+void Host::findGame() {
+    expectPicker("GAME.HST");
+    click("GameChoose");
+}
+
+} // namespace turnpost::test
