@@ -1,0 +1,40 @@
+#pragma once
+
+#include "support/Host.h"
+#include "support/ScriptedServer.h"
+
+#include <map>
+#include <string>
+
+namespace turnpost::demo {
+
+/// The main job from an empty folder to the sending report, by clicks and keys in the real windows,
+/// with pictures of them on the way.
+class DemoRun {
+  public:
+    /// `folder` becomes the program's folder; the sample game goes into game/ below it.
+    explicit DemoRun(const std::string& demoFolder);
+
+    /// Goes through it; `pause` milliseconds between the steps let a person follow. Prints the
+    /// report. True when every message arrived as it should.
+    bool play(int pause);
+
+    test::Host& host() { return person; }
+
+  private:
+    void enterSettings();
+    void findGame();
+    void enterPlayers();
+    void writeMessage();
+    void send();
+    void takePicture(QWidget& window, const QString& name);
+    void wait();
+
+    QString folder;
+    std::map<int, std::string> turnFiles;
+    test::ScriptedServer server;
+    test::Host person;
+    int pauseLength = 0;
+};
+
+} // namespace turnpost::demo
