@@ -1,5 +1,7 @@
 #include "platform/Messages.h"
 
+#include <array>
+
 namespace turnpost::messages {
 
 namespace {
@@ -23,6 +25,59 @@ std::string universeFile(std::string_view finding) {
 std::string extraFile(int entry, std::string_view finding) {
     return join("File " + std::to_string(entry), " ", finding);
 }
+
+// The exit statuses of sysexits, from firstMailStatus on.
+constexpr int firstMailStatus = 64;
+constexpr std::array<std::string_view, 15> mailStatuses = {
+    "The mail program does not understand its arguments",
+    "The message is malformed",
+    "The mail program cannot open its input",
+    "A recipient is unknown",
+    "The recipient's host is unknown",
+    "The mail service is unavailable",
+    "The mail program has an internal error",
+    "The operating system failed the mail program",
+    "A file of the mail system is missing or unusable",
+    "The mail program cannot create a file",
+    "The mail program could not read or write a file",
+    "Temporary failure, please try again later",
+    "The remote mail system did not follow the protocol",
+    "The mail program denies permission",
+    "The mail system is not set up properly",
+};
+
+// By their numbers; an empty one has no meaning.
+constexpr std::array<std::string_view, 29> simpleMapiFailures = {
+    "",
+    "The mail program was cancelled",
+    "The mail program failed without a reason",
+    "The mail program refused the logon",
+    "The disk is full",
+    "There is too little memory",
+    "Access is denied",
+    "",
+    "Too many mail sessions are open",
+    "The message has too many attachments",
+    "The message has too many recipients",
+    "An attachment was not found",
+    "An attachment cannot be opened",
+    "An attachment cannot be written",
+    "A recipient is unknown",
+    "A recipient is of the wrong type",
+    "There is no such message",
+    "The message is invalid",
+    "The text is too large",
+    "The mail session is no longer open",
+    "The type of the message is not supported",
+    "A recipient is ambiguous",
+    "The message is in use",
+    "The network failed",
+    "The message has invalid fields",
+    "A recipient is invalid",
+    "The mail program does not support this",
+    "The mail program does not support Unicode",
+    "An attachment is too large",
+};
 
 } // namespace
 
@@ -61,12 +116,69 @@ std::string hostFileUnusable(std::string_view path, std::string_view reason) {
     return join(join("Cannot use the host file ", path), "\r\n", reason);
 }
 
+std::string noMailSystem() {
+    return "No mail system found";
+}
+
+std::string sendInProgress() {
+    return "A send is already in progress";
+}
+
+std::string noGameDetails() {
+    return "No game details entered";
+}
+
+std::string detailsSaved(std::string_view path) {
+    return join("Details saved to ", path);
+}
+
+std::string gameFileNotFound() {
+    return "Gamefile not found";
+}
+
+std::string defaultGameFileNotFound() {
+    return "Default Gamefile not found";
+}
+
+std::string storedGameNotFound() {
+    return "Game details not found";
+}
+
+std::string gameFileDamaged(std::string_view path, std::string_view reason) {
+    return join(join("The game details file is damaged: ", path), "\r\n", reason);
+}
+
+std::string enterGameName() {
+    return "Please enter a game name";
+}
+
+std::string findGameFirst() {
+    return "Please find a game";
+}
+
+std::string saveGameFirst() {
+    return "Please save game details first";
+}
+
+std::string wrongValueCount(size_t count, size_t expected) {
+    return "It holds " + std::to_string(count) + " values that can be read, not " +
+           std::to_string(expected);
+}
+
+std::string flagIsNoNumber(int row) {
+    return "A flag of player " + std::to_string(row + 1) + " is no number";
+}
+
 std::string hostFileTooShort() {
     return "It is shorter than 14 bytes and holds no game year";
 }
 
 std::string hostYearTooLarge() {
     return "Its game year is above 32767";
+}
+
+std::string hostFileMissing() {
+    return "There is no such file";
 }
 
 std::string playerSkipped() {
@@ -107,6 +219,43 @@ std::string emailSent() {
 
 std::string smtpError(std::string_view reply) {
     return join("SMTP Error: ", reply);
+}
+
+std::string emailGenerated() {
+    return "Email Generated OK";
+}
+
+std::string mapiError(std::string_view words) {
+    return join("MAPI Error: ", words);
+}
+
+std::string simpleMapiFailure(unsigned long code) {
+    const std::string_view words =
+        code < simpleMapiFailures.size() ? simpleMapiFailures.at(code) : std::string_view();
+    return join(words.empty() ? "Unknown error" : words, " (error ", std::to_string(code) + ")");
+}
+
+std::string mailExitStatus(int status) {
+    const auto index = static_cast<size_t>(status - firstMailStatus);
+    return index < mailStatuses.size() ? std::string(mailStatuses.at(index))
+                                       : "exit status " + std::to_string(status);
+}
+
+std::string mailSignal(int number, std::string_view description) {
+    return join("The mail program was ended by signal " + std::to_string(number), ": ",
+                description);
+}
+
+std::string mailTimeout(long long seconds) {
+    return "no answer within " + std::to_string(seconds) + " seconds";
+}
+
+std::string cannotStart(std::string_view path, std::string_view reason) {
+    return join(join("Cannot start ", path), "\r\n", reason);
+}
+
+std::string notOneAddress(std::string_view address) {
+    return join("This is not one e-mail address: ", address);
 }
 
 std::string reportPrefix(int row) {

@@ -16,10 +16,26 @@ std::string cannotRead(std::string_view path, std::string_view reason);
 std::string cannotWrite(std::string_view path, std::string_view reason);
 std::string settingsDamaged(std::string_view path);
 std::string hostFileUnusable(std::string_view path, std::string_view reason);
+std::string noMailSystem();
+std::string sendInProgress();
+std::string noGameDetails();
+std::string detailsSaved(std::string_view path);
+std::string gameFileNotFound();
+std::string defaultGameFileNotFound();
+std::string storedGameNotFound();
+std::string gameFileDamaged(std::string_view path, std::string_view reason);
+std::string enterGameName();
+std::string findGameFirst();
+std::string saveGameFirst();
+
+// What is wrong with a game details file.
+std::string wrongValueCount(size_t count, size_t expected);
+std::string flagIsNoNumber(int row);
 
 // Reasons why a host file gives no year.
 std::string hostFileTooShort();
 std::string hostYearTooLarge();
+std::string hostFileMissing();
 
 // Lines of the sending report. Rows are 0 to 15.
 std::string playerSkipped();
@@ -32,6 +48,17 @@ std::string extraFileNotFound(int entry);
 std::string extraFileUnreadable(int entry);
 std::string emailSent();
 std::string smtpError(std::string_view reply);
+std::string emailGenerated();
+std::string mapiError(std::string_view words);
+/// Words for an error code of Simple MAPI (1 and up), followed by the code.
+std::string simpleMapiFailure(unsigned long code);
+/// Words for how the sendmail program ended: an exit status of sysexits(3), others by number; a
+/// signal; a program ended after this time; one that could not be started.
+std::string mailExitStatus(int status);
+std::string mailSignal(int number, std::string_view description);
+std::string mailTimeout(long long seconds);
+std::string cannotStart(std::string_view path, std::string_view reason);
+std::string notOneAddress(std::string_view address);
 
 /// What stands before row i's outcome in the report.
 std::string reportPrefix(int row);

@@ -1,5 +1,7 @@
 #include "storage/QuotedValues.h"
 
+#include <algorithm>
+
 namespace turnpost {
 
 namespace {
@@ -13,10 +15,12 @@ class Reader {
         while (reading.clean &&
                text.find_first_not_of(" \r\n", position) != std::string_view::npos) {
             skipBlanks();
-            QuotedValue value{{}, line};
-            reading.clean = peek() == '"' ? readQuoted(value.text) : readBare(value.text);
+            QuotedValue value{{}, line, peek() == '"'};
+            reading.clean = value.quoted ? readQuoted(value.text) : readBare(value.text);
             if (reading.clean) {
                 reading.values.push_back(std::move(value));
+            } else {
+                reading.damagedLine = value.line;
             }
         }
         return reading;

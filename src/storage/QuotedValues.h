@@ -14,14 +14,16 @@ namespace turnpost {
 struct QuotedValue {
     std::string text;
     size_t line = 0;
+    bool quoted = false;
 };
 
 /// All values of a file in order. `clean` is false when reading had to stop early: text stood
 /// between a closing quote and the next separator, a closing quote was missing, or a value without
-/// quotes held one. `values` then are those before that point.
+/// quotes held one. `values` then are those before that point, and `damagedLine` is its line.
 struct QuotedReading {
     std::vector<QuotedValue> values;
     bool clean = true;
+    size_t damagedLine = 0;
 };
 
 /// Reads value by value, however they are grouped into lines. Blanks before a value and around its

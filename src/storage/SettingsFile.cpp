@@ -45,17 +45,18 @@ std::vector<std::string> textsOf(const std::vector<QuotedValue>& values) {
 
 // The values of the leading lines that hold as many values as they should. A line with more or
 // fewer would put values into fields they do not belong to.
-std::vector<std::string> wholeLines(const std::vector<QuotedValue>& values) {
+std::vector<std::string> wholeLines(const QuotedReading& reading) {
     std::vector<std::string> texts;
     size_t line = 0;
     for (const size_t expected : valuesOfLine) {
         std::vector<std::string> found;
-        for (const QuotedValue& value : values) {
+        for (const QuotedValue& value : reading.values) {
             if (value.line == line) {
                 found.push_back(value.text);
             }
         }
-        if (found.size() != expected) {
+        const bool damaged = !reading.clean && line == reading.damagedLine;
+        if (damaged || found.size() != expected) {
             break;
         }
         texts.insert(texts.end(), found.begin(), found.end());
@@ -86,7 +87,7 @@ SettingsReading parseSettings(std::string_view text) {
     if (const auto values = readByLayout(text, separators(dosLines ? "\r\n" : "\n"))) {
         return {settingsOf(*values), false};
     }
-    return {settingsOf(wholeLines(reading.values)), true};
+    return {settingsOf(wholeLines(reading)), true};
 }
 
 std::string printSettings(const Settings& settings) {

@@ -1,0 +1,83 @@
+#include "app/Application.h"
+
+#include "platform/CodePage.h"
+#include "platform/FileError.h"
+#include "platform/Files.h"
+#include "platform/Messages.h"
+#include "platform/Path.h"
+#include "roster/HostFile.h"
+#include "storage/GameDetailsFile.h"
+
+#include <utility>
+
+namespace turnpost {
+
+void Application::saveGame() {
+    if (shared.game.GamePath.empty()) {
+        windows.show(messages::noGameDetails());
+        return;
+    }
+    const std::string path = gameDetailsFile(shared.game);
+    try {
+        replaceFile(path, toFileBytes(printGameDetails(shared.game, shared.message)));
+    } catch (const FileError& error) {
+        windows.show(messages::cannotWrite(error.path(), error.reason()));
+        return;
+    }
+    windows.show(messages::detailsSaved(path));
+}
+
+void Application::openGame() {
+    const bool byDefault = std::exchange(shared.LoadDefaultPending, 0) == 1;
+    if (!byDefault && !askForFile("Find Nimbus Turnpost File (*.NTP)", gameDetailsPattern)) {
+        return;
+    }
+    const std::string path =
+        byDefault ? shared.settings.DefaultGameFile : pickedPath(shared.picker);
+    if (!findFile(path)) {
+        windows.show(byDefault ? messages::defaultGameFileNotFound()
+                               : messages::gameFileNotFound());
+        return;
+    }
+    loadGame(path);
+}
+
+void Application::loadGame(const std::string& path) {
+    try {
+        GameFileReading reading = parseGameDetails(fromFileBytes(readFile(path)));
+        if (!reading.damage.empty()) {
+            windows.show(messages::gameFileDamaged(path, reading.damage));
+            return;
+        }
+        shared.game = std::move(reading.content.game);
+        shared.message = std::move(reading.content.message);
+    } catch (const FileError& error) {
+        windows.show(messages::cannotRead(error.path(), error.reason()));
+        return;
+    }
+    findLoadedHostFile(shared.game, path);
+}
+
+void Application::findLoadedHostFile(GameDetails& game, const std::string& detailsFile) {
+    // A game that has been moved, perhaps from Windows, has its host file beside the details file.
+    const std::string stored = game.GamePath;
+    const std::string beside = withSeparator(folderOfPath(detailsFile));
+    std::string reason = messages::hostFileMissing();
+    for (const std::string& folder : {stored, beside}) {
+        if (!findFile(folder + game.HostFileName)) {
+            continue;
+        }
+        try {
+            game.GameYear = readGameYear(folder + game.HostFileName);
+            game.GamePath = folder;
+            windows.showValues();
+            return;
+        } catch (const FileError& error) {
+            reason = error.reason();
+        }
+    }
+    windows.showValues();
+    windows.show(messages::hostFileUnusable(stored + game.HostFileName, reason));
+}
+
+} // namespace turnpost
