@@ -39,4 +39,9 @@ std::string toWireBytes(std::string_view text);
 /// What a server said: UTF-8 where it is well formed, else the single-byte code page of the wire.
 std::string fromWireBytes(std::string_view bytes);
 
+#ifdef _WIN32
+/// UTF-16 for the system's calls; bytes that are no UTF-8 become U+FFFD.
+std::wstring toUtf16(std::string_view text);
+#endif
+
 } // namespace turnpost

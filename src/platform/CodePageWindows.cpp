@@ -46,4 +46,8 @@ std::string fromWireBytes(std::string_view bytes) {
     return isUtf8(bytes) ? std::string(bytes) : fromFileBytes(bytes);
 }
 
+std::wstring toUtf16(std::string_view text) {
+    return toWide(CP_UTF8, text);
+}
+
 } // namespace turnpost

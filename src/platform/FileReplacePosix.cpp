@@ -16,9 +16,12 @@ namespace {
     throw FileError(path, std::error_code(code, std::generic_category()));
 }
 
-// Where the bytes really have to go: the file behind a link, found without regard to case.
+// Where the bytes really have to go: the file behind a link, or a new one in the folder as it
+// stands on disk; both found without regard to case.
 std::string targetOf(const std::string& path) {
-    std::string target = findPath(path).value_or(path);
+    const std::string folder = folderOfPath(path);
+    std::string target =
+        findPath(path).value_or(joinPath(findPath(folder).value_or(folder), nameOfPath(path)));
     for (int depth = 0; depth < 40; ++depth) {
         std::error_code error;
         const auto link = std::filesystem::read_symlink(toNativePath(target), error);
@@ -113,7 +116,7 @@ void replaceFile(const std::string& path, const std::string& bytes) {
     struct stat old {};
     const bool exists = stat(target.c_str(), &old) == 0;
     // Renaming would replace even a write-protected file, which its owner has locked on purpose.
-    if (exists && access(target.c_str(), W_OK) != 0) {
+    if (exists && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
         fail(target, errno);
     }
     Neighbour neighbour(target);

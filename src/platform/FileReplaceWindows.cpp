@@ -40,21 +40,39 @@ void writeNew(const std::wstring& file, const std::string& target, const std::st
     }
 }
 
+// ReplaceFileW keeps the attributes and permissions of an existing file. It is allowed to fail
+// after it has removed that file; the name is then free.
+bool moveIntoPlace(const std::wstring& from, const std::wstring& to, bool exists) {
+    if (exists) {
+        if (ReplaceFileW(to.c_str(), from.c_str(), nullptr, 0, nullptr, nullptr) != 0) {
+            return true;
+        }
+        if (GetLastError() != ERROR_UNABLE_TO_MOVE_REPLACEMENT) {
+            return false;
+        }
+    }
+    return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH) != 0;
+}
+
 } // namespace
 
 void replaceFile(const std::string& path, const std::string& bytes) {
     const std::string neighbour = unpredictableNeighbour(path);
     const std::wstring from = toNativePath(neighbour).wstring();
     const std::wstring to = toNativePath(path).wstring();
+    const DWORD attributes = GetFileAttributesW(to.c_str());
+    const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
+    // Not every system keeps ReplaceFileW from replacing a folder.
+    if (exists && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+        fail(path, ERROR_ACCESS_DENIED);
+    }
     writeNew(from, path, bytes);
-    // ReplaceFileW keeps the attributes and permissions of an existing file.
-    const bool exists = GetFileAttributesW(to.c_str()) != INVALID_FILE_ATTRIBUTES;
-    const bool moved =
-        exists ? ReplaceFileW(to.c_str(), from.c_str(), nullptr, 0, nullptr, nullptr) != 0
-               : MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH) != 0;
-    if (!moved) {
+    if (!moveIntoPlace(from, to, exists)) {
         const DWORD code = GetLastError();
-        DeleteFileW(from.c_str());
+        // With the old file gone, the new bytes are the only ones there are.
+        if (!exists || GetFileAttributesW(to.c_str()) != INVALID_FILE_ATTRIBUTES) {
+            DeleteFileW(from.c_str());
+        }
         fail(path, code);
     }
 }

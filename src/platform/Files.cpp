@@ -24,7 +24,9 @@ std::optional<fs::path> findInFolder(const fs::path& folder, const fs::path& nam
     for (fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, error), end;
          !error && entry != end; entry.increment(error)) {
         const fs::path found = entry->path().filename();
-        if (foldCase(fromNativePath(found)) == wanted && (!best || found < *best)) {
+        std::error_code dangling;
+        if (foldCase(fromNativePath(found)) == wanted && entry->exists(dangling) &&
+            (!best || found < *best)) {
             best = found;
         }
     }

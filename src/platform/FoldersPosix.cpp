@@ -3,6 +3,7 @@
 #include "platform/Path.h"
 
 #include <cstdlib>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace turnpost {
@@ -23,7 +24,7 @@ std::string configurationFolder() {
 }
 
 bool isFolderWritable(const std::string& folder) {
-    return access(folder.c_str(), W_OK | X_OK) == 0;
+    return faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
 }
 
 } // namespace turnpost

@@ -31,6 +31,9 @@ class Socket {
     /// Requests a connection; the server's first data, or Error, tells how it went.
     virtual void Connect(const std::string& host, std::uint16_t port) = 0;
 
+    /// True from Connect until the connection is closed by either side or has failed.
+    virtual bool isOpen() const = 0;
+
     /// Queues bytes for sending, in order. Ignored without a connection.
     virtual void SendData(const std::string& bytes) = 0;
 

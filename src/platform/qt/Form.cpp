@@ -60,7 +60,7 @@ void Form::showEvent(QShowEvent* event) {
     }
 }
 
-QLabel* Form::addLabel(const char* name, const QString& caption, const QRect& place) {
+QLabel* Form::addLabel(const QString& name, const QString& caption, const QRect& place) {
     auto* label = new QLabel(clientArea);
     label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
@@ -93,7 +93,7 @@ QPlainTextEdit* Form::addTextArea(const char* name, const QRect& place,
     return box;
 }
 
-QPushButton* Form::addButton(const char* name, const QString& caption, const QRect& place) {
+QPushButton* Form::addButton(const QString& name, const QString& caption, const QRect& place) {
     auto* button = new CaptionButton(caption, clientArea);
     button->setObjectName(name);
     button->setGeometry(place);

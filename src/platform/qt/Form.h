@@ -26,11 +26,11 @@ class Form : public QDialog {
     void setMenuHeight(int pixels);
 
     // The positions are in twips (twipsRect).
-    QLabel* addLabel(const char* name, const QString& caption, const QRect& place);
+    QLabel* addLabel(const QString& name, const QString& caption, const QRect& place);
     QLineEdit* addTextBox(const QString& name, const QRect& place, const QString& accessibleName);
     QPlainTextEdit* addTextArea(const char* name, const QRect& place,
                                 const QString& accessibleName);
-    QPushButton* addButton(const char* name, const QString& caption, const QRect& place);
+    QPushButton* addButton(const QString& name, const QString& caption, const QRect& place);
 
     QWidget* client() const { return clientArea; }
 

@@ -12,6 +12,7 @@ namespace turnpost {
 void QtSocket::Connect(const std::string& host, std::uint16_t port) {
     Close();
     socket = new QTcpSocket(this);
+    ended = false;
     socket->setProxy(QNetworkProxy::NoProxy);
     connect(socket, &QTcpSocket::connected, this, &QtSocket::onConnected);
     connect(socket, &QTcpSocket::readyRead, this, &QtSocket::onReadyRead);
@@ -51,6 +52,7 @@ void QtSocket::onReadyRead() {
 }
 
 void QtSocket::onError(QAbstractSocket::SocketError error) {
+    ended = true;
     if (error == QAbstractSocket::RemoteHostClosedError && !probe.wasReset()) {
         return;
     }

@@ -17,6 +17,7 @@ class QtSocket final : public QObject, public Socket {
 
     void setEvents(SocketEvents* socketEvents) override { events = socketEvents; }
     void Connect(const std::string& host, std::uint16_t port) override;
+    bool isOpen() const override { return socket != nullptr && !ended; }
     void SendData(const std::string& bytes) override;
     std::string GetData() override;
     void Close() override;
@@ -29,6 +30,7 @@ class QtSocket final : public QObject, public Socket {
 
     SocketEvents* events = nullptr;
     QTcpSocket* socket = nullptr;
+    bool ended = false;
     ConnectionProbe probe;
 };
 

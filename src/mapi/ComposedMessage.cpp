@@ -1,0 +1,57 @@
+#include "mapi/ComposedMessage.h"
+
+#include <algorithm>
+
+namespace turnpost {
+
+namespace {
+
+// Selects a slot, making it and those before it where they do not exist yet.
+template <typename Slot> size_t select(std::vector<Slot>& slots, int index) {
+    const auto selected = static_cast<size_t>(std::max(index, 0));
+    slots.resize(std::max(slots.size(), selected + 1));
+    return selected;
+}
+
+} // namespace
+
+void ComposedMessage::Compose() {
+    subject.clear();
+    noteText.clear();
+    recipients.clear();
+    attachments.clear();
+}
+
+void ComposedMessage::RecipIndex(int index) {
+    recipient = select(recipients, index);
+}
+
+void ComposedMessage::RecipDisplayName(const std::string& name) {
+    recipients.at(recipient).RecipDisplayName = name;
+}
+
+void ComposedMessage::RecipAddress(const std::string& address) {
+    recipients.at(recipient).RecipAddress = address;
+}
+
+void ComposedMessage::RecipType(int type) {
+    recipients.at(recipient).RecipType = type;
+}
+
+void ComposedMessage::AttachmentIndex(int index) {
+    attachment = select(attachments, index);
+}
+
+void ComposedMessage::AttachmentPosition(int position) {
+    attachments.at(attachment).AttachmentPosition = position;
+}
+
+void ComposedMessage::AttachmentType(int type) {
+    attachments.at(attachment).AttachmentType = type;
+}
+
+void ComposedMessage::AttachmentPathName(const std::string& path) {
+    attachments.at(attachment).AttachmentPathName = path;
+}
+
+} // namespace turnpost

@@ -1,0 +1,86 @@
+#include "mapi/MailDelivery.h"
+
+#include "platform/Files.h"
+#include "platform/Messages.h"
+
+namespace turnpost {
+
+MailDelivery::MailDelivery(const DispatchInputs& dispatchInputs, SendReport& sendReport,
+                           SendState& sendState, MailSession& mailSession,
+                           MailMessages& mailMessages, SendDisplay& sendDisplay,
+                           MessageBox& messageBox)
+    : inputs(dispatchInputs), report(sendReport), state(sendState), session(mailSession),
+      mail(mailMessages), display(sendDisplay), box(messageBox) {}
+
+void MailDelivery::deliver() {
+    if (inputs.game.GamePath.empty()) {
+        box.show(messages::invalidGamePath());
+        return;
+    }
+    if (signOn()) {
+        mail.SessionID(session.SessionID());
+        for (state.SendCursor = 0; state.SendCursor < rowCount; ++state.SendCursor) {
+            deliverRow();
+        }
+        session.SignOff();
+    } else {
+        box.show(messages::noMailSystem());
+    }
+    display.openReport();
+}
+
+bool MailDelivery::signOn() {
+    session.NewSession(false);
+    session.LogonUI(false);
+    session.DownLoadMail(false);
+    session.UserName("");
+    session.Password("");
+    session.SignOn();
+    return session.SessionID() != 0;
+}
+
+void MailDelivery::deliverRow() {
+    std::vector<std::string> files;
+    const auto attach = [&files](const std::string& path) {
+        // The mail system reads the file itself; one that it can't read has to refuse the row now.
+        readFile(path, 1);
+        files.push_back(path);
+    };
+    std::string& ReportLine = report[static_cast<size_t>(state.SendCursor)];
+    const auto message =
+        applyRowRules(inputs, state.SendCursor, Transport::Mapi, attach, ReportLine);
+    if (message) {
+        state.PlayerBody = message->PlayerBody;
+        state.PlayerSubject = message->PlayerSubject;
+        compose(inputs.game.rows[static_cast<size_t>(state.SendCursor)], files);
+        const auto failure = mail.Send();
+        ReportLine = failure ? messages::mapiError(*failure) : messages::emailGenerated();
+    }
+}
+
+void MailDelivery::compose(const PlayerSlot& player, const std::vector<std::string>& files) {
+    mail.Compose();
+    mail.MsgIndex(-1);
+    mail.MsgSubject(state.PlayerSubject);
+    const auto addRecipient = [&](int index, const std::string& address, int type) {
+        mail.RecipIndex(index);
+        mail.RecipDisplayName(player.PlayerName);
+        mail.RecipAddress(address);
+        mail.RecipType(type);
+    };
+    addRecipient(0, player.PlayerEmail, mainRecipient);
+    if (!player.AltEmail.empty()) {
+        addRecipient(1, player.AltEmail, copyRecipient);
+    }
+    // Each attachment needs a character to stand at.
+    const std::string places = files.empty() ? "" : "\r\n" + std::string(files.size(), ' ');
+    mail.MsgNoteText(state.PlayerBody + places);
+    for (size_t j = 0; j < files.size(); ++j) {
+        mail.AttachmentIndex(static_cast<int>(j));
+        mail.AttachmentPosition(static_cast<int>(j));
+        mail.AttachmentType(dataFile);
+        mail.AttachmentPathName(files[j]);
+    }
+}
+
+} // namespace turnpost

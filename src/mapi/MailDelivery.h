@@ -1,0 +1,44 @@
+#pragma once
+
+#include "compose/DispatchRules.h"
+#include "mapi/MailMessages.h"
+#include "mapi/MailSession.h"
+#include "platform/MessageBox.h"
+#include "smtp/SendDisplay.h"
+#include "smtp/SendState.h"
+
+#include <string>
+#include <vector>
+
+namespace turnpost {
+
+/// Hands every player's message to the desktop's mail system, all 16 rows in one go; nothing else
+/// happens meanwhile.
+class MailDelivery {
+  public:
+    /// All references must outlive the delivery. `state` is the send driver's: the rows are walked
+    /// with its SendCursor.
+    MailDelivery(const DispatchInputs& dispatchInputs, SendReport& sendReport, SendState& sendState,
+                 MailSession& mailSession, MailMessages& mailMessages, SendDisplay& sendDisplay,
+                 MessageBox& messageBox);
+
+    /// Without a game folder, or without a mail system, a message box says so. In the second case,
+    /// and always otherwise, the report follows. A row whose message the mail system does not take
+    /// gets "MAPI Error: " and the mail system's words, and the next row follows.
+    void deliver();
+
+  private:
+    bool signOn();
+    void deliverRow();
+    void compose(const PlayerSlot& player, const std::vector<std::string>& files);
+
+    DispatchInputs inputs;
+    SendReport& report;
+    SendState& state;
+    MailSession& session;
+    MailMessages& mail;
+    SendDisplay& display;
+    MessageBox& box;
+};
+
+} // namespace turnpost

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "mapi/ComposedMessage.h"
+#include "mapi/MimeMessage.h"
+#include "mapi/SendmailSession.h"
+#include "storage/Settings.h"
+
+#include <chrono>
+
+namespace turnpost {
+
+/// Submits messages through the program that the session has found.
+class SendmailMessages : public ComposedMessage {
+  public:
+    /// Both references must outlive it. The sender is taken from `senderSettings` at each message.
+    /// A program that takes longer than `longest` for a message is ended.
+    SendmailMessages(const Settings& senderSettings, const SendmailSession& mailSession,
+                     std::chrono::milliseconds longest = std::chrono::seconds(60));
+
+    /// Reads every attachment once. Gives the program's own words where it refuses; an address
+    /// that is not one address, and a file that can't be read, are refused without it.
+    std::optional<std::string> Send() override;
+
+  private:
+    std::optional<std::string> refusedAddress() const;
+    MimeMessage message() const;
+    std::vector<std::string> arguments() const;
+
+    const Settings& settings;
+    const SendmailSession& session;
+    std::chrono::milliseconds limit;
+};
+
+} // namespace turnpost

@@ -1,0 +1,58 @@
+#include "mapi/SendmailSession.h"
+
+#include "platform/Files.h"
+#include "platform/Path.h"
+
+#include <cstdlib>
+#include <sstream>
+#include <unistd.h>
+
+namespace turnpost {
+
+namespace {
+
+// The exact name only: this is no file of the game.
+bool isProgram(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::is_regular_file(toNativePath(path), error) &&
+           access(path.c_str(), X_OK) == 0;
+}
+
+} // namespace
+
+std::vector<std::string> sendmailFolders() {
+    std::vector<std::string> folders{"/usr/sbin", "/usr/lib"};
+    const char* searchPath = std::getenv("PATH");
+    std::istringstream entries(searchPath == nullptr ? "" : searchPath);
+    for (std::string folder; std::getline(entries, folder, ':');) {
+        // Others stand for the current folder, which may hold anybody's files.
+        if (folder.starts_with('/')) {
+            folders.push_back(folder);
+        }
+    }
+    return folders;
+}
+
+SendmailSession::SendmailSession(std::vector<std::string> searchFolders)
+    : folders(std::move(searchFolders)) {}
+
+void SendmailSession::SignOn() {
+    path.clear();
+    for (const std::string& folder : folders) {
+        const std::string candidate = joinPath(folder, "sendmail");
+        if (isProgram(candidate)) {
+            path = candidate;
+            return;
+        }
+    }
+}
+
+long SendmailSession::SessionID() const {
+    return path.empty() ? 0 : 1;
+}
+
+void SendmailSession::SignOff() {
+    path.clear();
+}
+
+} // namespace turnpost

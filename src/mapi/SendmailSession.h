@@ -1,0 +1,37 @@
+#pragma once
+
+#include "mapi/MailSession.h"
+
+#include <string>
+#include <vector>
+
+namespace turnpost {
+
+/// Where the sendmail program may stand: /usr/sbin, /usr/lib, then the search path's full paths.
+std::vector<std::string> sendmailFolders();
+
+/// The session of systems where mail is submitted through the program `sendmail`. It needs no
+/// profile and no password; what stands for being signed on is that the program is there.
+class SendmailSession : public MailSession {
+  public:
+    explicit SendmailSession(std::vector<std::string> searchFolders = sendmailFolders());
+
+    void NewSession(bool) override {}
+    void LogonUI(bool) override {}
+    void DownLoadMail(bool) override {}
+    void UserName(const std::string&) override {}
+    void Password(const std::string&) override {}
+    /// Takes the first folder that holds an executable file of that name.
+    void SignOn() override;
+    long SessionID() const override;
+    void SignOff() override;
+
+    /// Full path of the program; empty without a session.
+    const std::string& program() const { return path; }
+
+  private:
+    std::vector<std::string> folders;
+    std::string path;
+};
+
+} // namespace turnpost
