@@ -7,11 +7,15 @@
 
 namespace turnpost {
 
-Application::Application(Windows& usedWindows, Socket& socket, ProgramFolders programFolders)
+Application::Application(Windows& usedWindows, Socket& socket, ProgramFolders programFolders,
+                         const MailSystemMaker& makeMail)
     : windows(usedWindows), ownFolders(std::move(programFolders)),
       settingsFile(ownFolders.program, ownFolders.configuration),
       driver({shared.game, shared.message, shared.attachments}, shared.settings, shared.report,
-             socket, usedWindows, usedWindows) {}
+             socket, usedWindows, usedWindows),
+      mailSystem(makeMail(shared.settings)),
+      delivery({shared.game, shared.message, shared.attachments}, shared.report, driver.sendState(),
+               *mailSystem.MAPISession1, *mailSystem.MAPIMessages1, usedWindows, usedWindows) {}
 
 void Application::findGame() {
     if (!askForFile("Find Stars! Host File (*.HST)", hostFilePattern)) {
@@ -38,12 +42,27 @@ void Application::newGame() {
     windows.showValues();
 }
 
+void Application::sendByMailSystem() {
+    // Both ways of sending walk the rows with the same cursor.
+    if (driver.isSending()) {
+        windows.show(messages::sendInProgress());
+        return;
+    }
+    driver.abandon();
+    delivery.deliver();
+}
+
 void Application::storeEmailSettings(const std::string& hostName, const std::string& hostEmail,
                                      const std::string& smtpServer) {
     shared.settings.HostName = hostName;
     shared.settings.HostEmail = hostEmail;
     shared.settings.SmtpServer = smtpServer;
     writeSettings();
+}
+
+std::string Application::pickExtraAttachment() {
+    const bool picked = askForFile("Find file to send as an extra attachment", anyFilePattern);
+    return picked ? pickedPath(shared.picker) : std::string();
 }
 
 void Application::pickFile(const std::string& folder, const std::string& file, bool asDefaultGame) {

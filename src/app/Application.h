@@ -2,11 +2,15 @@
 
 #include "app/SharedValues.h"
 #include "app/Windows.h"
+#include "mapi/MailDelivery.h"
+#include "mapi/MailSystem.h"
 #include "platform/Socket.h"
 #include "roster/PlayerSelection.h"
 #include "smtp/SendDriver.h"
 #include "storage/SettingsFile.h"
 
+#include <array>
+#include <functional>
 #include <string>
 
 namespace turnpost {
@@ -21,8 +25,11 @@ struct ProgramFolders {
 /// message box, it has changed nothing.
 class Application {
   public:
+    using MailSystemMaker = std::function<MailSystem(const Settings&)>;
+
     /// `windows` and `socket` must outlive the application.
-    Application(Windows& usedWindows, Socket& socket, ProgramFolders programFolders);
+    Application(Windows& usedWindows, Socket& socket, ProgramFolders programFolders,
+                const MailSystemMaker& makeMail = makeMailSystem);
 
     const SharedValues& values() const { return shared; }
     const ProgramFolders& folders() const { return ownFolders; }
@@ -40,18 +47,37 @@ class Application {
     void selectPlayers(PlayerSelection selection);
     void newGame();
 
-    // Sending by SMTP.
+    // Game details files and stored games (slots 1 to 4).
+    void openGame();
+    void saveGame();
+    void loadStoredGame(int slot);
+    void configureStoredGames();
+
+    // Sending.
+    void sendByMailSystem();
     void butSend_Click() { driver.butSend_Click(); }
     void butSend2_Click() { driver.butSend2_Click(); }
 
     // Dialogs.
     void editEmailSettings() { windows.openEmailSettings(); }
     void editMessage() { windows.openMessageEditor(); }
+    void editAttachments() { windows.openAttachments(); }
+    void showAbout() { windows.openAbout(); }
 
     // What the dialogs hand back at their OK.
     void storeEmailSettings(const std::string& hostName, const std::string& hostEmail,
                             const std::string& smtpServer);
     void storeMessage(const MessageTemplate& message) { shared.message = message; }
+    void storeAttachments(const AttachmentChoices& choices) { shared.attachments = choices; }
+    void storeStoredGames(const std::array<StoredGame, 4>& slots);
+
+    /// The slot that "Store" makes of the current game.
+    StoredGame currentGameToStore() const;
+
+    /// Asks for a file to send as an extra attachment: its full path, empty when there is none.
+    std::string pickExtraAttachment();
+
+    // What the file picker hands back.
     void pickFile(const std::string& folder, const std::string& file, bool asDefaultGame);
     void cancelPicker() { shared.picker.PickerCancelled = 1; }
 
@@ -59,12 +85,16 @@ class Application {
     void readSettings();
     void writeSettings();
     bool askForFile(const std::string& message, const std::string& pattern);
+    void loadGame(const std::string& path);
+    void findLoadedHostFile(GameDetails& game, const std::string& detailsFile);
 
     Windows& windows;
     ProgramFolders ownFolders;
     SharedValues shared;
     SettingsFile settingsFile;
     SendDriver driver;
+    MailSystem mailSystem;
+    MailDelivery delivery;
 };
 
 } // namespace turnpost

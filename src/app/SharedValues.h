@@ -7,6 +7,9 @@
 #include "roster/GameDetails.h"
 #include "storage/Settings.h"
 
+#include <cstdint>
+#include <string>
+
 namespace turnpost {
 
 /// The shared application values: one copy each, for the whole run.
@@ -17,6 +20,10 @@ struct SharedValues {
     AttachmentChoices attachments;
     SendReport report;
     FilePicker picker;
+    /// 1 while start-up loads the default game.
+    std::uint8_t LoadDefaultPending = 0;
+    /// The game name that the stored games dialog puts into a slot.
+    std::string GameNameToStore;
 };
 
 } // namespace turnpost

@@ -8,11 +8,16 @@ namespace turnpost {
 void Application::startUp() {
     windows.setCaption(std::string(applicationTitle) + " Version " + versionText());
     clearGame(shared.game);
+    shared.LoadDefaultPending = 0;
     readSettings();
     shared.message = {};
     shared.attachments = {};
     windows.setProgress(0.0);
     windows.showValues();
+    if (!shared.settings.DefaultGameFile.empty()) {
+        shared.LoadDefaultPending = 1;
+        openGame();
+    }
     windows.showMainWindow();
 }
 

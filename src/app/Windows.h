@@ -21,6 +21,9 @@ class Windows : public SendDisplay, public MessageBox {
     virtual void openEmailSettings() = 0;
     virtual void openMessageEditor() = 0;
     virtual void openFilePicker() = 0;
+    virtual void openAttachments() = 0;
+    virtual void openStoredGames() = 0;
+    virtual void openAbout() = 0;
 };
 
 } // namespace turnpost

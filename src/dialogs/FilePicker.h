@@ -19,6 +19,8 @@ struct FilePicker {
 
 inline constexpr const char* hostFilePattern = "*.HST";
 inline constexpr const char* gameDetailsPattern = "*.NTP";
+/// Every file, with or without a "." in its name.
+inline constexpr const char* anyFilePattern = "*.*";
 
 /// True when the dialog offers to make the chosen file the default game.
 bool offersDefaultGame(const FilePicker& picker);

@@ -53,7 +53,11 @@ std::vector<std::string> volumesForPeople(const std::vector<Volume>& mounted) {
 std::string volumeOf(const std::string& folder, const std::vector<std::string>& mountPoints) {
     std::string best;
     for (const std::string& mountPoint : mountPoints) {
-        if (mountPoint.size() > best.size() && liesUnder(foldCase(folder), foldCase(mountPoint))) {
+        // Drive letters come in either case.
+        const bool drive = mountPoint.size() > 1 && mountPoint[1] == ':';
+        const bool under = drive ? liesUnder(foldCase(folder), foldCase(mountPoint))
+                                 : liesUnder(folder, mountPoint);
+        if (under && mountPoint.size() > best.size()) {
             best = mountPoint;
         }
     }

@@ -27,7 +27,10 @@ class SendDriver {
     /// Closes the connection; nothing of the send happens any more.
     void abandon();
 
-    const SendState& sendState() const { return state; }
+    /// True while a connection is being made or is open.
+    bool isSending() const { return socket.isOpen(); }
+
+    SendState& sendState() { return state; }
 
   private:
     bool prepareRow();

@@ -1,8 +1,11 @@
 #include "app/qt/Desktop.h"
 
+#include "dialogs/qt/frmAbout.h"
+#include "dialogs/qt/frmAtch.h"
 #include "dialogs/qt/frmMessage.h"
 #include "dialogs/qt/frmOpen.h"
 #include "dialogs/qt/frmSettings.h"
+#include "dialogs/qt/frmStore.h"
 #include "platform/qt/QtMessageBox.h"
 #include "platform/qt/QtText.h"
 #include "smtp/qt/frmProgRept.h"
@@ -24,8 +27,8 @@ QWidget* frontWindow(frmMain* main) {
 
 } // namespace
 
-Desktop::Desktop(const ProgramFolders& folders)
-    : application(std::make_unique<Application>(*this, Winsock1, folders)),
+Desktop::Desktop(const ProgramFolders& folders, const Application::MailSystemMaker& makeMail)
+    : application(std::make_unique<Application>(*this, Winsock1, folders, makeMail)),
       main(std::make_unique<frmMain>(*application)) {}
 
 void Desktop::setCaption(const std::string& caption) {
@@ -58,6 +61,18 @@ void Desktop::openMessageEditor() {
 
 void Desktop::openFilePicker() {
     frmOpen(frontWindow(main.get()), *application).exec();
+}
+
+void Desktop::openAttachments() {
+    frmAtch(frontWindow(main.get()), *application).exec();
+}
+
+void Desktop::openStoredGames() {
+    frmStore(frontWindow(main.get()), *application).exec();
+}
+
+void Desktop::openAbout() {
+    frmAbout(frontWindow(main.get())).exec();
 }
 
 void Desktop::openReport() {

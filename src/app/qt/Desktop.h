@@ -12,7 +12,8 @@ namespace turnpost {
 /// The whole program on a desktop: the application, its socket and its windows.
 class Desktop final : public Windows {
   public:
-    explicit Desktop(const ProgramFolders& folders);
+    explicit Desktop(const ProgramFolders& folders,
+                     const Application::MailSystemMaker& makeMail = makeMailSystem);
 
     void startUp() { application->startUp(); }
     Application& app() { return *application; }
@@ -26,6 +27,9 @@ class Desktop final : public Windows {
     void openEmailSettings() override;
     void openMessageEditor() override;
     void openFilePicker() override;
+    void openAttachments() override;
+    void openStoredGames() override;
+    void openAbout() override;
     void openReport() override;
 
   private:

@@ -128,7 +128,7 @@ void frmOpen::Drive1_Change(int index) {
 void frmOpen::Dir1_Change(const QModelIndex& chosen) {
     folder = QDir::toNativeSeparators(folders.filePath(chosen));
     const QString pattern = toQt(application.values().picker.PickerPattern);
-    files.setStringList(QDir(folder).entryList({pattern == "*.*" ? QString("*") : pattern},
+    files.setStringList(QDir(folder).entryList({pattern == anyFilePattern ? QString("*") : pattern},
                                                QDir::Files, QDir::Name | QDir::IgnoreCase));
     File1->clearSelection();
     File1_Click();

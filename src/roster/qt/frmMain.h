@@ -41,10 +41,17 @@ class frmMain final : public Form {
     void PlaySel_MouseDown(int index);
     void butSend_Click() { application.butSend_Click(); }
     void butSend2_Click() { application.butSend2_Click(); }
+    void Command1_Click() { application.sendByMailSystem(); }
+    void butAtch_Click() { application.editAttachments(); }
     void mnuNew_Click() { application.newGame(); }
+    void mnuOpen_Click() { application.openGame(); }
+    void mnuSave_Click() { application.saveGame(); }
     void mnuExit_Click() { close(); }
     void mnuEmailSets_Click() { application.editEmailSettings(); }
     void mnuMsg_Click() { application.editMessage(); }
+    void mnuStoredG_Click(int slot) { application.loadStoredGame(slot); }
+    void mnuStoredCon_Click() { application.configureStoredGames(); }
+    void mnuAbout_Click() { application.showAbout(); }
 
     Application& application;
     QMenuBar* menuBar = nullptr;

@@ -35,9 +35,9 @@ void frmMain::addGameBoxes() {
             [this](const QString& text) { application.game().GameName = fromQt(text); });
     addLabel("Label10", "Year:", twipsRect(4440, 120, 615, 315));
     txtYear = addLabel("txtYear", {}, twipsRect(5040, 120, 615, 315));
+    txtYear->setContentsMargins({});
     txtYear->setFrameStyle(QFrame::Box | QFrame::Plain);
     txtYear->setAlignment(Qt::AlignCenter);
-    txtYear->setContentsMargins(0, 0, 0, 0);
     txtYear->setBackgroundRole(QPalette::Base);
     txtYear->setAutoFillBackground(true);
     addLabel("Label5", "Game Path:", twipsRect(60, 480, 1575, 255));
@@ -64,8 +64,8 @@ void frmMain::addButtons() {
     QPushButton* butAtch = addButton("butAtch", "Attachments", twipsRect(8280, 60, 1095, 495));
     QPushButton* butSend2 = addButton("butSend2", "Command2", twipsRect(1080, 120, 1575, 195));
     butSend2->hide();
-    Command1->setEnabled(false);
-    butAtch->setEnabled(false);
+    connect(Command1, &QPushButton::clicked, this, &frmMain::Command1_Click);
+    connect(butAtch, &QPushButton::clicked, this, &frmMain::butAtch_Click);
     connect(GameChoose, &QPushButton::clicked, this, &frmMain::GameChoose_Click);
     connect(butSend, &QPushButton::clicked, this, &frmMain::butSend_Click);
     connect(butSend2, &QPushButton::clicked, this, &frmMain::butSend2_Click);
@@ -73,8 +73,9 @@ void frmMain::addButtons() {
 
 void frmMain::addProgress() {
     QLabel* Label8 = addLabel("Label8", "Sending Progress", twipsRect(5760, 540, 3615, 615));
+    Label8->setContentsMargins({});
     Label8->setFrameStyle(QFrame::Box | QFrame::Plain);
-    Label8->setIndent(toPixels(60));
+    Label8->setIndent(1);
     addLabel("Label6", "0%", twipsRect(5880, 780, 255, 255));
     Shape1 = new QFrame(client());
     Shape1->setObjectName("Shape1");
@@ -96,10 +97,7 @@ QAction* frmMain::addItem(QMenu* menu, const char* name, const QString& caption,
                           void (frmMain::*handler)()) {
     QAction* item = menu->addAction(caption);
     item->setObjectName(name);
-    item->setEnabled(handler != nullptr);
-    if (handler != nullptr) {
-        connect(item, &QAction::triggered, this, handler);
-    }
+    connect(item, &QAction::triggered, this, handler);
     return item;
 }
 
@@ -112,8 +110,8 @@ void frmMain::addMenus() {
     };
     QMenu* mnuFile = addMenu("mnuFile", "&File");
     addItem(mnuFile, "mnuNew", "&New", &frmMain::mnuNew_Click);
-    addItem(mnuFile, "mnuOpen", "&Open", nullptr);
-    addItem(mnuFile, "mnuSave", "&Save", nullptr);
+    addItem(mnuFile, "mnuOpen", "&Open", &frmMain::mnuOpen_Click);
+    addItem(mnuFile, "mnuSave", "&Save", &frmMain::mnuSave_Click);
     mnuFile->addSeparator()->setObjectName("mnuSpace1");
     addItem(mnuFile, "mnuExit", "E&xit", &frmMain::mnuExit_Click);
     QMenu* mnuSettings = addMenu("mnuSettings", "&Settings");
@@ -121,13 +119,16 @@ void frmMain::addMenus() {
     addItem(mnuSettings, "mnuMsg", "&Message", &frmMain::mnuMsg_Click);
     QMenu* mnuStored = addMenu("mnuStored", "&Stored Games");
     for (size_t slot = 0; slot < mnuStoredG.size(); ++slot) {
-        mnuStoredG[slot] = addItem(mnuStored, "", {}, nullptr);
-        mnuStoredG[slot]->setObjectName(QString("mnuStoredG(%1)").arg(slot + 1));
+        const int number = static_cast<int>(slot) + 1;
+        mnuStoredG[slot] = mnuStored->addAction(QString());
+        mnuStoredG[slot]->setObjectName(QString("mnuStoredG(%1)").arg(number));
+        connect(mnuStoredG[slot], &QAction::triggered, this,
+                [this, number] { mnuStoredG_Click(number); });
     }
     mnuStored->addSeparator()->setObjectName("mnuSpace2");
-    addItem(mnuStored, "mnuStoredCon", "Configure", nullptr);
+    addItem(mnuStored, "mnuStoredCon", "Configure", &frmMain::mnuStoredCon_Click);
     QMenu* mnuHelp = addMenu("mnuHelp", "&Help");
-    addItem(mnuHelp, "mnuAbout", "&About", nullptr);
+    addItem(mnuHelp, "mnuAbout", "&About", &frmMain::mnuAbout_Click);
     const int height = menuBar->sizeHint().height();
     menuBar->setGeometry(0, 0, toPixels(9600), height);
     setMenuHeight(height);

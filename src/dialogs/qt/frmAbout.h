@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/Version.h"
+#include "platform/qt/Form.h"
+
+namespace turnpost {
+
+/// The About box: title, version and credits. Enter and Escape close it too.
+class frmAbout final : public Form {
+  public:
+    explicit frmAbout(QWidget* parent, const Version& version = currentVersion);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
+} // namespace turnpost
