@@ -21,6 +21,7 @@ set(TURNPOST_TEST_ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_
 turnpost_qt_test(platform QtSocketTest.cpp FormTest.cpp)
 turnpost_qt_test(smtp RealServerTest.cpp SendTest.cpp)
 target_compile_definitions(test_smtp_qt PRIVATE TURNPOST_TESTS="${CMAKE_CURRENT_SOURCE_DIR}")
-turnpost_qt_test(dialogs EmailSettingsTest.cpp FilePickerTest.cpp MessageEditorTest.cpp)
+turnpost_qt_test(dialogs EmailSettingsTest.cpp FilePickerTest.cpp MessageEditorTest.cpp
+  StoreAndAttachTest.cpp)
 turnpost_qt_test(roster MainWindowTest.cpp)
-turnpost_qt_test(app DesktopTest.cpp)
+turnpost_qt_test(app DesktopTest.cpp EveningTest.cpp)

@@ -16,9 +16,9 @@
 
 namespace turnpost::test {
 
-Host::Host(const std::string& folder)
+Host::Host(const std::string& folder, const Application::MailSystemMaker& makeMail)
     : programFolder(folder.empty() ? temporary.path().toStdString() : folder),
-      program({programFolder, programFolder}) {}
+      program({programFolder, programFolder}, makeMail) {}
 
 void Host::saveSettings(const std::string& smtpServer) const {
     Settings settings;
@@ -58,16 +58,22 @@ void Host::selectFile(QWidget& picker, const QString& folder, const QString& fil
     auto* list = findControl<QListView>(picker, "File1");
     const auto clickOn = [](QAbstractItemView* view, const QModelIndex& item) {
         view->scrollTo(item);
-        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(item).center());
+        const QRect visible = view->visualRect(item).intersected(view->viewport()->rect());
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, visible.center());
     };
     if (!folder.isEmpty()) {
         auto* folders = dynamic_cast<QFileSystemModel*>(tree->model());
-        const QModelIndex item = folders->index(folder);
-        // The tree fills in its own time.
-        if (!waitUntil([&] { return tree->visualRect(item).isValid(); })) {
+        // The tree fills in its own time, and its rows move under the mouse while it does.
+        const bool chosen = waitUntil([&] {
+            const QModelIndex item = folders->index(folder);
+            if (tree->visualRect(item).isValid()) {
+                clickOn(tree, item);
+            }
+            return folders->filePath(tree->currentIndex()) == folder;
+        });
+        if (!chosen) {
             throw std::runtime_error("no folder " + folder.toStdString());
         }
-        clickOn(tree, item);
     }
     const QAbstractItemModel* model = list->model();
     const QModelIndexList found =

@@ -14,7 +14,8 @@ namespace turnpost::test {
 class Host {
   public:
     /// The program's folder is `folder`, or a temporary one when that is empty.
-    explicit Host(const std::string& folder = {});
+    explicit Host(const std::string& folder = {},
+                  const Application::MailSystemMaker& makeMail = makeMailSystem);
 
     /// A settings file for the program to find at start-up, with this server.
     void saveSettings(const std::string& smtpServer) const;

@@ -81,7 +81,16 @@ void ModalWatcher::look() {
     expected.pop_front();
     // Queued: an action may open further windows, and the timer has to see those.
     QMetaObject::invokeMethod(
-        modal, [action, modal] { action(*modal); }, Qt::QueuedConnection);
+        modal,
+        [this, action, modal] {
+            try {
+                action(*modal);
+            } catch (const std::exception& failure) {
+                seenFaults.emplace_back(failure.what());
+                modal->close();
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 } // namespace turnpost::test

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "app/Application.h"
+#include "fakes/FakeMail.h"
+#include "fakes/FakeSocket.h"
+#include "fakes/FakeWindows.h"
+#include "fakes/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace turnpost {
+
+/// A program in a folder of its own, with a person played by the test. The host's folder holds a
+/// game of the players 1 and 4 in 2405.
+class AppFixture : public testing::Test {
+  protected:
+    using Texts = std::vector<std::string>;
+
+    AppFixture() {
+        writeHostFile('\x05');
+        host.write("GAME.M1", "one");
+        host.write("GAME.M4", "four");
+    }
+
+    void writeHostFile(char year) const {
+        host.write("GAME.HST", std::string(12, 'x') + year + std::string(7, '\0'));
+    }
+
+    void start(const Settings& settings = {}) {
+        program.write("TURNPOST.INI", printSettings(settings));
+        application.startUp();
+    }
+
+    /// The person picks this file the next time the picker opens.
+    void willPick(const std::string& folder, const std::string& file) {
+        windows.inFilePicker = [this, folder, file] { application.pickFile(folder, file, false); };
+    }
+
+    void startWithGame() {
+        start();
+        willPick(host.path(), "GAME.HST");
+        application.findGame();
+        application.game().GameName = "Cup";
+        windows.shown.clear();
+    }
+
+    TempFolder program;
+    TempFolder configuration;
+    TempFolder host;
+    FakeWindows windows;
+    FakeSocket socket;
+    Texts mailCalls;
+    Application application{
+        windows, socket, {program.path(), configuration.path()}, [this](const Settings&) {
+            return MailSystem{std::make_unique<FakeMail>(mailCalls),
+                              std::make_unique<FakeMail>(mailCalls)};
+        }};
+    const SharedValues& values = application.values();
+};
+
+} // namespace turnpost

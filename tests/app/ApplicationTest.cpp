@@ -1,0 +1,66 @@
+#include "app/AppFixture.h"
+
+namespace turnpost {
+
+class Commands : public AppFixture {
+  protected:
+    Commands() {
+        startWithGame();
+        application.storeEmailSettings("Host", "host@example.org", "mail:2525");
+        application.game().rows[3].PlayerEmail = "four@example.org";
+    }
+};
+
+TEST_F(Commands, NewForgetsTheGameAndTheAttachmentsButNoSettings) {
+    application.storeMessage({"subject", "body"});
+    application.storeAttachments({0, 1, {"a", "b", "c"}});
+    application.newGame();
+    EXPECT_EQ(windows.shown, Texts{"values"});
+    EXPECT_EQ(values.game.GameName + values.game.GamePath + values.game.HostFileName, "");
+    EXPECT_EQ(values.message, MessageTemplate());
+    EXPECT_EQ(values.attachments, AttachmentChoices());
+    EXPECT_EQ(values.settings.HostName, "Host");
+}
+
+TEST_F(Commands, InvertTakesTheDistanceToOneOfAValueReadFromAFile) {
+    application.game().rows[0].IncludePlayer = 2;
+    application.selectPlayers(PlayerSelection::Invert);
+    EXPECT_EQ(values.game.rows[0].IncludePlayer, 1);
+}
+
+TEST_F(Commands, OnlyADefaultGameChangesTheSettings) {
+    const std::string before = program.read("TURNPOST.INI");
+    application.pickFile("/stars", "CUP.NTP", false);
+    EXPECT_EQ(program.read("TURNPOST.INI"), before);
+    application.pickFile("/", "CUP.NTP", true);
+    EXPECT_EQ(values.settings.DefaultGameFile, "/CUP.NTP");
+    EXPECT_TRUE(program.read("TURNPOST.INI").ends_with("\"/CUP.NTP\"\r\n"));
+}
+
+TEST_F(Commands, ASendUsesTheValuesOfNowAndEndsWithTheProgram) {
+    application.butSend_Click();
+    EXPECT_EQ(values.report[0], "No Email Address for Player");
+    socket.arrive("220 ready\r\n");
+    application.shutDown();
+    EXPECT_FALSE(socket.isOpen());
+    socket.arrive("250 OK\r\n");
+    EXPECT_EQ(socket.servers, Texts{"mail:2525"});
+    EXPECT_EQ(socket.sent, Texts{"HELO host\r\n"});
+}
+
+TEST_F(Commands, TheMailSystemIsNotUsedWhileAConnectionIsOpenButOnceItHasClosed) {
+    application.butSend_Click();
+    application.sendByMailSystem();
+    EXPECT_EQ(windows.boxes, Texts{"A send is already in progress"});
+    EXPECT_TRUE(mailCalls.empty());
+    socket.arrive("220 ready\r\n");
+    EXPECT_EQ(socket.sent.at(0), "HELO host\r\n") << "the send must go on";
+    socket.Close();
+    application.sendByMailSystem();
+    EXPECT_EQ(windows.boxes.size(), 1U);
+    EXPECT_EQ(windows.shown.back(), "report");
+    socket.arrive("250 late\r\n");
+    EXPECT_EQ(values.report[3], "Email Generated OK");
+}
+
+} // namespace turnpost

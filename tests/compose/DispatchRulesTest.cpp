@@ -1,0 +1,126 @@
+#include "compose/DispatchRules.h"
+
+#include "fakes/TempFolder.h"
+#include "platform/FileError.h"
+
+#include <gtest/gtest.h>
+
+namespace turnpost {
+
+// Player 3 of a game whose folder holds GAME.M3 and GAME.XY; extra files EXTRA0 and EXTRA2.
+class DispatchRules : public testing::Test {
+  protected:
+    using Names = std::vector<std::string>;
+
+    DispatchRules() {
+        for (const char* name : {"GAME.M3", "GAME.XY", "EXTRA0", "EXTRA2"}) {
+            temp.write(name, "x");
+        }
+        game.GameName = "Alpha";
+        game.GamePath = withSeparator(temp.path());
+        game.GameYear = 2405;
+        player = {1, "Red Leader", "red@example.org", "", "GAME.M3", true};
+    }
+
+    void remove(const std::string& name) const {
+        std::filesystem::remove(toNativePath(temp.path(name)));
+    }
+
+    // The row's line, or its texts when it gets a message; fills attached.
+    std::string outcome(Transport transport) {
+        attached.clear();
+        const auto attach = [this](const std::string& path) {
+            if (nameOfPath(path) == unreadable) {
+                throw FileError(path, "locked");
+            }
+            attached.push_back(path);
+        };
+        std::string line = "of an earlier send";
+        const auto message = applyRowRules({game, text, attachments}, 2, transport, attach, line);
+        EXPECT_EQ(line.empty(), message.has_value());
+        return message ? message->PlayerBody + message->PlayerSubject : line;
+    }
+
+    void expectBoth(const std::string& smtp, const std::string& mapi) {
+        EXPECT_EQ(outcome(Transport::Smtp), smtp);
+        EXPECT_EQ(outcome(Transport::Mapi), mapi);
+    }
+    void expectBoth(const std::string& expected) { expectBoth(expected, expected); }
+
+    TempFolder temp;
+    GameDetails game;
+    PlayerSlot& player = game.rows[2];
+    MessageTemplate text{" <<GY>> <<PN>>", "<<FN>> of <<GN>>"};
+    const std::string sent = "Red of Alpha 2405 3";
+    AttachmentChoices attachments{1, 1, {temp.path("EXTRA0"), "", temp.path("EXTRA2")}};
+    std::string unreadable;
+    Names attached;
+};
+
+TEST_F(DispatchRules, AnAcceptedRowHasItsFilesInOrderItsTextsAndAnEmptyLine) {
+    for (const Transport transport : {Transport::Smtp, Transport::Mapi}) {
+        EXPECT_EQ(outcome(transport), sent);
+        EXPECT_EQ(attached, Names({game.GamePath + "GAME.M3", game.GamePath + "GAME.XY",
+                                   temp.path("EXTRA0"), temp.path("EXTRA2")}));
+    }
+}
+
+TEST_F(DispatchRules, FilesThatAreNotToBeSentAreNeitherLookedForNorAttached) {
+    remove("GAME.M3");
+    remove("GAME.XY");
+    for (const AttachmentChoices& none : {AttachmentChoices{0, 0, {}}, {2, 255, {}}}) {
+        attachments = none;
+        expectBoth(sent);
+        EXPECT_EQ(attached, Names());
+    }
+}
+
+TEST_F(DispatchRules, OnlyATickOfZeroSkipsWhetherTheRowIsShownOrNot) {
+    player.Shown = false;
+    player.IncludePlayer = 2;
+    player.PlayerEmail = "  ";
+    expectBoth(sent);
+    player.Shown = true;
+    player.PlayerEmail.clear();
+    expectBoth("No Email Address for Player");
+    player.IncludePlayer = 0;
+    expectBoth("Player Skipped");
+}
+
+TEST_F(DispatchRules, SmtpListsEveryMissingFileAndMapiStopsAtTheTurnFileButForExtraFiles) {
+    remove("GAME.XY");
+    expectBoth("XY file not found ");
+    remove("GAME.M3");
+    expectBoth("M3file not found \r\nXY file not found ", "M3file not found ");
+    remove("EXTRA0");
+    remove("EXTRA2");
+    const std::string extra = "\r\nFile 0 not found \r\nFile 2 not found ";
+    expectBoth("M3file not found \r\nXY file not found " + extra, "M3file not found " + extra);
+    player.PlayerEmail.clear();
+    expectBoth("No Email Address for Player", "No Email Address for Player" + extra);
+    player.IncludePlayer = 0;
+    expectBoth("Player Skipped", "Player Skipped" + extra);
+}
+
+TEST_F(DispatchRules, AFileThatCannotBeReadRefusesTheRowWithItsOwnFinding) {
+    unreadable = "GAME.XY";
+    expectBoth("XY file cannot be read ");
+    unreadable = "EXTRA2";
+    expectBoth("File 2 cannot be read ");
+    unreadable = "GAME.M3";
+    remove("GAME.XY");
+    expectBoth("M3file cannot be read \r\nXY file not found ", "M3file cannot be read ");
+}
+
+TEST_F(DispatchRules, AFolderInTheFilesPlaceCountsAsNotFound) {
+    attachments = {1, 0, {"", temp.path(), ""}};
+    player.GameFile.clear();
+    expectBoth("M3file not found \r\nFile 1 not found ");
+}
+
+TEST_F(DispatchRules, UniverseFileNameIsCutAtTheFirstPeriod) {
+    EXPECT_EQ(universeFile("C:\\GAMES\\", "My.Cup.M3"), "C:\\GAMES\\My.XY");
+    EXPECT_EQ(universeFile("C:\\GAMES\\", "GAME"), "C:\\GAMES\\XY");
+}
+
+} // namespace turnpost

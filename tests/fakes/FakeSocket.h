@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/Socket.h"
+
+#include <gtest/gtest.h>
+#include <utility>
+#include <vector>
+
+namespace turnpost {
+
+/// Keeps every connection with what was sent over it, and lets a test speak as the server.
+class FakeSocket final : public Socket {
+  public:
+    /// "host:port" of each connection, and what was sent over it.
+    std::vector<std::string> servers;
+    std::vector<std::string> sent;
+
+    void setEvents(SocketEvents* newEvents) override { events = newEvents; }
+
+    void Connect(const std::string& host, std::uint16_t port) override {
+        EXPECT_FALSE(open) << "Connect without closing the connection before";
+        servers.push_back(host + ":" + std::to_string(port));
+        sent.emplace_back();
+        open = true;
+    }
+
+    void SendData(const std::string& bytes) override {
+        ASSERT_TRUE(open) << "SendData without a connection: " << bytes;
+        sent.back() += bytes;
+    }
+
+    std::string GetData() override { return std::exchange(waiting, {}); }
+
+    void Close() override {
+        open = false;
+        waiting.clear();
+    }
+
+    bool isOpen() const override { return open; }
+
+    /// One arrival of data. Delivered without a connection too: what is late must do no harm.
+    void arrive(const std::string& bytes) {
+        waiting += bytes;
+        events->DataArrival();
+    }
+
+    void fail(int number, const std::string& description) { events->Error(number, description); }
+
+  private:
+    SocketEvents* events = nullptr;
+    std::string waiting;
+    bool open = false;
+};
+
+} // namespace turnpost

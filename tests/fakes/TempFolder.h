@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/Files.h"
+#include "platform/Path.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <set>
+#include <string>
+
+namespace turnpost {
+
+/// A folder of its own for one test, gone at its end. Names are relative to it.
+class TempFolder {
+  public:
+    TempFolder() : folder(std::filesystem::temp_directory_path() / unpredictableName()) {
+        std::filesystem::create_directory(folder);
+    }
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+    ~TempFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder, ignored);
+    }
+
+    std::string path() const { return fromNativePath(folder); }
+    std::string path(const std::string& name) const { return joinPath(path(), name); }
+
+    void makeFolder(const std::string& name) const {
+        std::filesystem::create_directories(toNativePath(path(name)));
+    }
+
+    void write(const std::string& name, const std::string& bytes) const {
+        std::ofstream(toNativePath(path(name)), std::ios::binary) << bytes;
+    }
+
+    /// The bytes of a file, by its exact name; empty when there is none.
+    std::string read(const std::string& name) const {
+        std::ifstream file(toNativePath(path(name)), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    }
+
+    /// The names of everything that lies in it, hidden neighbours included.
+    std::set<std::string> names() const {
+        std::set<std::string> found;
+        for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+            found.insert(fromNativePath(entry.path().filename()));
+        }
+        return found;
+    }
+
+  private:
+    static std::string unpredictableName() {
+        std::random_device random;
+        return "turnpost-" + std::to_string(random()) + "-" + std::to_string(random());
+    }
+
+    std::filesystem::path folder;
+};
+
+} // namespace turnpost

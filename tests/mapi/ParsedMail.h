@@ -1,0 +1,29 @@
+#pragma once
+
+#include "fakes/TempFolder.h"
+#include "platform/RunProgram.h"
+
+#include <gtest/gtest.h>
+
+namespace turnpost::test {
+
+/// What another MIME parser makes of a message: the files that support/parse_mail.py writes.
+class ParsedMail {
+  public:
+    explicit ParsedMail(const std::string& message) {
+        temp.write("message", message);
+        const ProgramEnd end = runProgram(
+            "/usr/bin/python3",
+            {TURNPOST_TESTS "/support/parse_mail.py", temp.path("message"), temp.path("parsed")},
+            "", std::chrono::seconds(20));
+        EXPECT_EQ(end.kind, ProgramEnd::Kind::Exited);
+        EXPECT_EQ(end.number, 0) << end.errorText << message.substr(0, 2000);
+    }
+
+    std::string operator[](const std::string& name) const { return temp.read("parsed/" + name); }
+
+  private:
+    TempFolder temp;
+};
+
+} // namespace turnpost::test

@@ -1,0 +1,118 @@
+#include "fakes/TempFolder.h"
+#include "platform/FileError.h"
+
+#include <gtest/gtest.h>
+
+#ifndef _WIN32
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace turnpost {
+
+namespace fs = std::filesystem;
+
+class FileReplace : public testing::Test {
+  protected:
+    using Names = std::set<std::string>;
+
+    // Why the file could not be replaced; empty when it was.
+    std::string failure(const std::string& name, const std::string& bytes = "new") const {
+        try {
+            replaceFile(temp.path(name), bytes);
+        } catch (const FileError& error) {
+            EXPECT_EQ(error.path(), temp.path(name));
+            return error.reason();
+        }
+        return "";
+    }
+
+    TempFolder temp;
+};
+
+TEST_F(FileReplace, ReplacesEveryByteAndLeavesNoNeighbour) {
+    for (const size_t length : {300000U, 5U}) {
+        const std::string bytes = "\"a\"\r\n\xFF\x1A" + std::string(length, '\0');
+        EXPECT_EQ(failure("A", bytes), "");
+        EXPECT_EQ(temp.read("A"), bytes);
+    }
+    EXPECT_EQ(temp.names(), Names({"A"}));
+}
+
+TEST_F(FileReplace, AMissingFolderIsNotMadeAndAFolderInThePlaceStaysWithAllItHolds) {
+    temp.makeFolder("A");
+    temp.write("A/kept", "old");
+    EXPECT_NE(failure("A"), "");
+    EXPECT_NE(failure("missing/A"), "");
+    EXPECT_EQ(temp.read("A/kept"), "old");
+    EXPECT_EQ(temp.names(), Names({"A"}));
+}
+
+TEST_F(FileReplace, AWriteProtectedFileIsNotReplacedBehindItsOwnersBack) {
+#ifndef _WIN32
+    if (geteuid() == 0) {
+        GTEST_SKIP() << "root may write everything";
+    }
+#endif
+    temp.write("A", "old");
+    fs::permissions(toNativePath(temp.path("A")), fs::perms::owner_read);
+    EXPECT_NE(failure("A"), "");
+    EXPECT_EQ(temp.read("A"), "old");
+    EXPECT_EQ(temp.names(), Names({"A"}));
+}
+
+#ifndef _WIN32
+TEST_F(FileReplace, PermissionsStayAndThoseOfANewFileFollowTheUmask) {
+    const auto mode = [this] {
+        return static_cast<unsigned>(fs::status(temp.path("A")).permissions());
+    };
+    const mode_t before = umask(0027);
+    EXPECT_EQ(failure("A"), "");
+    umask(before);
+    EXPECT_EQ(mode(), 0640U);
+    for (const mode_t kept : {0600U, 0666U, 0755U}) {
+        ASSERT_EQ(chmod(temp.path("A").c_str(), kept), 0);
+        EXPECT_EQ(failure("A"), "");
+        EXPECT_EQ(mode(), kept);
+    }
+}
+
+TEST_F(FileReplace, WritesOverAFileWhoseNameDiffersInCaseInsteadOfBesideIt) {
+    temp.write("turnpost.ini", "old");
+    EXPECT_EQ(failure("TURNPOST.INI"), "");
+    EXPECT_EQ(temp.read("turnpost.ini"), "new");
+    EXPECT_EQ(temp.names(), Names({"turnpost.ini"}));
+}
+
+TEST_F(FileReplace, ALinkStaysALinkAndItsTargetIsReplacedOrMade) {
+    temp.makeFolder("real");
+    fs::create_symlink("real/file", temp.path("second"));
+    fs::create_symlink(temp.path("second"), temp.path("first"));
+    for (const char* content : {"made", "replaced"}) {
+        EXPECT_EQ(failure("first", content), "");
+        EXPECT_EQ(temp.read("real/file"), content);
+    }
+    EXPECT_EQ(fs::read_symlink(temp.path("first")), temp.path("second"));
+    EXPECT_EQ(fs::read_symlink(temp.path("second")), "real/file");
+    EXPECT_EQ(temp.names(), Names({"first", "real", "second"}));
+}
+
+TEST_F(FileReplace, AWriteThatFailsHalfwayLeavesTheOldFileWhole) {
+    temp.write("A", "old");
+    struct rlimit before {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const struct rlimit small { 4096, before.rlim_max };
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const std::string reason = failure("A", std::string(10000, 'x'));
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(reason, std::make_error_code(std::errc::file_too_large).message());
+    EXPECT_EQ(temp.read("A"), "old");
+    EXPECT_EQ(temp.names(), Names({"A"}));
+}
+#endif
+
+} // namespace turnpost

@@ -1,0 +1,146 @@
+#include "storage/GameDetailsFile.h"
+
+#include "platform/Messages.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace turnpost {
+
+class GameDetailsFiles : public testing::Test {
+  protected:
+    using Texts = std::vector<std::string>;
+
+    GameDetailsFiles() {
+        game.rows[0] = {1, "Red Leader", "red@example.org", "", "CUP.M1", true};
+        game.rows[1] = {0, "Blue, Fleet", "a@example.org", "b@example.org", "CUP.M2", true};
+        game.rows[2].IncludePlayer = 2;
+    }
+
+    // The texts of all one-line boxes: four of the head, four of each row.
+    static std::vector<std::string*> lineTexts(GameFileContent& content) {
+        auto& [details, message] = content;
+        std::vector<std::string*> texts = {&details.GameName, &details.GamePath,
+                                           &details.HostFileName, &message.MessageSubject};
+        for (PlayerSlot& row : details.rows) {
+            texts.insert(texts.end(),
+                         {&row.PlayerName, &row.PlayerEmail, &row.AltEmail, &row.GameFile});
+        }
+        return texts;
+    }
+
+    static Texts valuesOf(GameFileContent content) {
+        Texts values = {content.message.MessageBody};
+        for (const std::string* text : lineTexts(content)) {
+            values.push_back(*text);
+        }
+        for (const PlayerSlot& row : content.game.rows) {
+            values.push_back(std::to_string(row.Shown * 10 + row.IncludePlayer));
+        }
+        return values;
+    }
+
+    static std::string print(const GameFileContent& content) {
+        return printGameDetails(content.game, content.message);
+    }
+
+    static void expectReads(const std::string& text, const GameFileContent& expected) {
+        const GameFileReading reading = parseGameDetails(text);
+        EXPECT_EQ(reading.damage, "") << text;
+        EXPECT_EQ(valuesOf(reading.content), valuesOf(expected)) << text;
+    }
+
+    std::string mixture(const Texts& parts) {
+        std::string text;
+        for (auto length = random() % 8; length > 0; --length) {
+            text += parts[random() % parts.size()];
+        }
+        return text;
+    }
+
+    // What is wrong with the sample's file when `from` is replaced in it.
+    std::string damageBy(const std::string& from, const std::string& to) const {
+        std::string text = print(sample);
+        return parseGameDetails(text.replace(text.find(from), from.size(), to)).damage;
+    }
+
+    std::mt19937 random{20240501};
+    GameFileContent sample{{"Spring Cup", "C:\\Stars\\Cup\\", "CUP.HST", 9999, {}},
+                           {"Turn <<GY>>", "Hello <<FN>>,\r\nyour turn."}};
+    GameDetails& game = sample.game;
+    std::string& body = sample.message.MessageBody;
+};
+
+TEST_F(GameDetailsFiles, HaveTheLinesThatOtherReadersExpectAndMayEndThemInLineFeeds) {
+    std::string expected = "\"Spring Cup\"\r\n\"C:\\Stars\\Cup\\\"\r\n\"CUP.HST\"\r\n"
+                           "\"Turn <<GY>>\"\r\n\"Hello <<FN>>,\r\nyour turn.\"\r\n"
+                           "1,1,\"Red Leader\",\"red@example.org\",\"\",\"CUP.M1\"\r\n"
+                           "1,0,\"Blue, Fleet\",\"a@example.org\",\"b@example.org\",\"CUP.M2\"\r\n"
+                           "0,2,\"\",\"\",\"\",\"\"\r\n";
+    for (int row = 3; row < rowCount; ++row) {
+        expected += "0,0,\"\",\"\",\"\",\"\"\r\n";
+    }
+    EXPECT_EQ(print(sample), expected);
+    expectReads(expected, sample);
+    std::erase(expected, '\r');
+    expectReads(expected, sample);
+    expected.replace(expected.find("1,1"), 1, "2");
+    game.rows[0].Shown = false;
+    expectReads(expected, sample);
+}
+
+TEST_F(GameDetailsFiles, NoBodyIsLostOrTakenForDamageWhateverItHolds) {
+    body = "He said \"read news.txt\", so do";
+    for (int round = 0; round < 3000 && !HasFailure(); ++round) {
+        expectReads(print(sample), sample);
+        body = mixture({"\"", "\"", ",", "\r\n", "\r\n", "\n", "\r", "a", "1", "\",\"",
+                        "\r\n1,1,\"a\",\"b\",\"c\",\"d\"", "\"\r\n0,0,\"\",\"\",\"\",\""});
+    }
+}
+
+TEST_F(GameDetailsFiles, NoMixtureOfQuotesAndCommasComesBackWrongInSilence) {
+    int whole = 0;
+    for (int round = 0; round < 5000 && !HasFailure(); ++round) {
+        GameFileContent content = sample;
+        for (std::string* text : lineTexts(content)) {
+            *text = random() % 8 == 0 ? mixture({"\"", "\"", ",", " ", "a", "1,"}) : *text;
+        }
+        content.message.MessageBody = mixture({"\"", ",", "\r\n", "1,", "a"});
+        if (parseGameDetails(print(content)).damage.empty()) {
+            expectReads(print(content), content);
+            ++whole;
+        }
+    }
+    EXPECT_GT(whole, 500);
+    EXPECT_LT(whole, 4500);
+}
+
+TEST_F(GameDetailsFiles, CutAtAnyByteAreNeverTakenForWhole) {
+    for (const char* text : {"Hello,\r\nyour turn.", "He \"read\"\r\n\"and, \"did\""}) {
+        body = text;
+        const std::string whole = print(sample);
+        for (size_t length = 0; length < whole.size() - 2; ++length) {
+            EXPECT_NE(parseGameDetails(whole.substr(0, length)).damage, "") << length;
+        }
+        expectReads(whole.substr(0, whole.size() - 2), sample);
+    }
+}
+
+TEST_F(GameDetailsFiles, WhatIsWrongIsSaid) {
+    for (const char* flags : {"x,1", "1,\"1\"", ",1", "1,", "-1,1", "1,1.5", "1,99999999999"}) {
+        EXPECT_EQ(damageBy("1,1", flags), messages::flagIsNoNumber(0)) << flags;
+    }
+    EXPECT_EQ(damageBy("\"CUP.M1\"", "\"CUP.M1\",\"x\""), messages::wrongValueCount(102, 101));
+    EXPECT_EQ(damageBy("\"Spring Cup\"\r\n", ""), messages::wrongValueCount(100, 101));
+}
+
+TEST_F(GameDetailsFiles, AreNamedAfterTheSecondRowElseAfterTheHostFile) {
+    for (const auto& [turnFile, name] : std::vector<std::pair<std::string, std::string>>{
+             {"OLD.M2", "OLD.NTP"}, {".M2", ".NTP"}, {"M2", "CUP.NTP"}, {"", "CUP.NTP"}}) {
+        game.rows[1].GameFile = turnFile;
+        EXPECT_EQ(gameDetailsFile(game), "C:\\Stars\\Cup\\" + name) << turnFile;
+        EXPECT_EQ(storedGameFile(game), "C:\\Stars\\Cup\\CUP.NTP");
+    }
+}
+
+} // namespace turnpost
