@@ -5,18 +5,25 @@
 #include <deque>
 #include <map>
 #include <string>
-#include <vector>
 
 namespace turnpost::demo {
 
+/// Turn files by player.
+using TurnFiles = std::map<int, std::string>;
+
 /// Stores each message that the server accepted as player-N.eml in the folder, and compares the
-/// files inside with the turn files. True when exactly these players got exactly their files; what
-/// is wrong goes to standard error.
+/// files inside with the turn file and the extra file. True when exactly the players who can be
+/// served got exactly their files; what is wrong goes to standard error.
 bool checkMessages(const std::deque<test::ScriptedServer::Conversation>& conversations,
-                   const std::vector<int>& players, const std::map<int, std::string>& turnFiles,
+                   const TurnFiles& turnFiles, const std::string& extraFile,
                    const std::string& folder);
 
-/// True when the report has a line of each kind.
-bool checkReport(const std::string& report);
+/// True when the mail system was handed the messages of all these players, named mapi-ADDRESS.eml
+/// in the folder, with their files.
+bool checkMailSystem(const std::map<std::string, int>& playersByAddress, const TurnFiles& turnFiles,
+                     const std::string& extraFile, const std::string& folder);
+
+/// True when the reports have a line of each kind.
+bool checkReports(const std::string& bySmtp, const std::string& byMailSystem);
 
 } // namespace turnpost::demo

@@ -1,6 +1,8 @@
 #include "DemoRun.h"
 
 #include "DemoChecks.h"
+#include "mapi/SendmailMessages.h"
+#include "platform/Files.h"
 #include "support/SampleGame.h"
 #include "support/Waiting.h"
 
@@ -27,6 +29,27 @@ Answer answer(Point point, const std::string& line) {
     return test::goodAnswer(point);
 }
 
+// Stands in for the desktop's mail system: keeps each message under its first recipient's name.
+constexpr const char* recordingSendmail = "#!/bin/sh\n"
+                                          "while [ \"$1\" != -- ]; do shift; done\n"
+                                          "exec cat > \"${0%/*}/../mapi-$2.eml\"\n";
+
+std::string makeRecordingSendmail(const std::string& demoFolder) {
+    const std::string folder = demoFolder + "/mail-system";
+    std::filesystem::create_directories(folder);
+    replaceFile(folder + "/sendmail", recordingSendmail);
+    std::filesystem::permissions(folder + "/sendmail", std::filesystem::perms::owner_all);
+    return folder;
+}
+
+Application::MailSystemMaker mailSystemIn(const std::string& folder) {
+    return [folder](const Settings& settings) {
+        auto session = std::make_unique<SendmailSession>(std::vector<std::string>{folder});
+        auto messages = std::make_unique<SendmailMessages>(settings, *session);
+        return MailSystem{std::move(session), std::move(messages)};
+    };
+}
+
 } // namespace
 
 DemoRun::DemoRun(const std::string& demoFolder)
@@ -34,8 +57,11 @@ DemoRun::DemoRun(const std::string& demoFolder)
       turnFiles(test::makeSampleGame(
           demoFolder + "/game",
           {{1, 0}, {2, 45}, {4, 46}, {7, 100000}, {9, 300}, {12, 300}, {14, 300}, {16, 300}})),
+      extraFile("New rules & dates.\r\n.\r\nGood luck!\r\n"),
       server([](Point point, int, const std::string& line) { return answer(point, line); }),
-      person(demoFolder) {}
+      person(demoFolder, mailSystemIn(makeRecordingSendmail(demoFolder))) {
+    replaceFile(demoFolder + "/game/news & rules.txt", extraFile);
+}
 
 bool DemoRun::play(int pause) {
     pauseLength = pause;
@@ -43,16 +69,26 @@ bool DemoRun::play(int pause) {
     findGame();
     enterPlayers();
     writeMessage();
-    send();
-    if (!person.watcher().faults().empty() || person.watcher().texts().empty()) {
-        for (const std::string& fault : person.watcher().faults()) {
-            std::cerr << "window: " << fault << '\n';
-        }
+    saveAndStore();
+    addAttachment();
+    sendBySmtp();
+    sendByMailSystem();
+    showAbout();
+    for (const std::string& fault : person.watcher().faults()) {
+        std::cerr << "window: " << fault << '\n';
+    }
+    // The box after saving, then the two reports.
+    const auto& texts = person.watcher().texts();
+    if (!person.watcher().faults().empty() || texts.size() != 3) {
         return false;
     }
-    std::cout << person.watcher().texts().back();
-    return checkMessages(server.conversations(), {1, 2, 4, 7}, turnFiles, folder.toStdString()) &&
-           checkReport(person.watcher().texts().back());
+    std::cout << "Report of Send via SMTP:\n"
+              << texts[1] << "\nReport of Send via MAPI:\n"
+              << texts[2] << '\n';
+    return checkMessages(server.conversations(), turnFiles, extraFile, folder.toStdString()) &&
+           checkMailSystem({{"red@example.net", 1}, {"green@example.net", 7}, {refusedAddress, 12}},
+                           turnFiles, extraFile, folder.toStdString()) &&
+           checkReports(texts[1], texts[2]);
 }
 
 void DemoRun::enterSettings() {
@@ -116,14 +152,64 @@ void DemoRun::writeMessage() {
     person.chooseMenu("mnuMsg");
 }
 
-void DemoRun::send() {
-    person.watcher().expect("frmProgRept", [this](QWidget& form) {
-        takePicture(form, "report");
+void DemoRun::saveAndStore() {
+    person.watcher().expectMessage();
+    person.chooseMenu("mnuSave");
+    person.watcher().expect("frmStore", [this](QWidget& form) {
+        person.click("butStore(0)", &form);
+        takePicture(form, "stored-games");
+        wait();
+        person.click("mnuOK", &form);
+    });
+    person.chooseMenu("mnuStoredCon");
+    person.chooseMenu("mnuNew");
+    wait();
+    person.chooseMenu("mnuStoredG(1)");
+    wait();
+}
+
+void DemoRun::addAttachment() {
+    person.watcher().expect("frmAtch", [this](QWidget& form) {
+        person.watcher().expect("frmOpen", [this](QWidget& picker) {
+            person.selectFile(picker, {}, "news & rules.txt");
+            wait();
+            person.click("butLoad", &picker);
+        });
+        person.click("butAddAtch(0)", &form);
+        takePicture(form, "attachments");
+        wait();
+        person.click("butOK", &form);
+    });
+    person.click("butAtch");
+}
+
+void DemoRun::expectReport(const QString& picture) {
+    person.watcher().expect("frmProgRept", [this, picture](QWidget& form) {
+        takePicture(form, picture);
         wait();
         person.watcher().readReport(form);
     });
+}
+
+void DemoRun::sendBySmtp() {
+    expectReport("report");
     person.click("butSend");
     test::waitUntil([this] { return person.watcher().done(); });
+    takePicture(person.window(), "main-sent");
+}
+
+void DemoRun::sendByMailSystem() {
+    expectReport("report-mapi");
+    person.click("Command1");
+}
+
+void DemoRun::showAbout() {
+    person.watcher().expect("frmAbout", [this](QWidget& form) {
+        takePicture(form, "about");
+        wait();
+        person.click("cmdOK", &form);
+    });
+    person.chooseMenu("mnuAbout");
 }
 
 void DemoRun::takePicture(QWidget& window, const QString& name) {

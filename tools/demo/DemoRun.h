@@ -8,8 +8,8 @@
 
 namespace turnpost::demo {
 
-/// The main job from an empty folder to the sending report, by clicks and keys in the real windows,
-/// with pictures of them on the way.
+/// A host's evening from an empty folder to the sending reports, by clicks and keys in the real
+/// windows, with pictures of them on the way.
 class DemoRun {
   public:
     /// `folder` becomes the program's folder; the sample game goes into game/ below it.
@@ -26,12 +26,18 @@ class DemoRun {
     void findGame();
     void enterPlayers();
     void writeMessage();
-    void send();
+    void saveAndStore();
+    void addAttachment();
+    void sendBySmtp();
+    void sendByMailSystem();
+    void showAbout();
+    void expectReport(const QString& picture);
     void takePicture(QWidget& window, const QString& name);
     void wait();
 
     QString folder;
     std::map<int, std::string> turnFiles;
+    std::string extraFile;
     test::ScriptedServer server;
     test::Host person;
     int pauseLength = 0;
