@@ -1,17 +1,9 @@
-find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
-
-# A person and a mail server for tests and the demo.
-add_library(turnpost_support STATIC
-  support/Host.cpp support/ModalWatcher.cpp support/SampleGame.cpp support/ScriptedServer.cpp
-  support/UuDecoder.cpp support/Waiting.cpp)
-target_include_directories(turnpost_support PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
-target_link_libraries(turnpost_support PUBLIC turnpost_forms Qt6::Test)
-
 # The windows and adapters of a room, with the real forms.
 function(turnpost_qt_test room)
   list(TRANSFORM ARGN PREPEND ${room}/qt/)
   add_executable(test_${room}_qt ${ARGN} support/TestMain.cpp)
-  target_link_libraries(test_${room}_qt PRIVATE turnpost_support GTest::gtest)
+  target_include_directories(test_${room}_qt PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(test_${room}_qt PRIVATE turnpost_desk GTest::gtest)
   gtest_discover_tests(test_${room}_qt DISCOVERY_TIMEOUT 60
     PROPERTIES TIMEOUT 120 ENVIRONMENT "${TURNPOST_TEST_ENVIRONMENT}")
 endfunction()

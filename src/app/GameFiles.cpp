@@ -62,6 +62,7 @@ void Application::findLoadedHostFile(GameDetails& game, const std::string& detai
     // A game that has been moved, perhaps from Windows, has its host file beside the details file.
     const std::string stored = game.GamePath;
     const std::string beside = withSeparator(folderOfPath(detailsFile));
+    std::string unusable = stored + game.HostFileName;
     std::string reason = messages::hostFileMissing();
     for (const std::string& folder : {stored, beside}) {
         if (!findFile(folder + game.HostFileName)) {
@@ -73,11 +74,12 @@ void Application::findLoadedHostFile(GameDetails& game, const std::string& detai
             windows.showValues();
             return;
         } catch (const FileError& error) {
+            unusable = error.path();
             reason = error.reason();
         }
     }
     windows.showValues();
-    windows.show(messages::hostFileUnusable(stored + game.HostFileName, reason));
+    windows.show(messages::hostFileUnusable(unusable, reason));
 }
 
 } // namespace turnpost

@@ -105,6 +105,9 @@ TEST_F(GameFiles, AMovedGameIsTheOneBesideItsFileUnlessTheOldPlaceStillHoldsIt) 
     EXPECT_EQ(values.game.GamePath, withSeparator(moved.path()));
     EXPECT_EQ(values.game.GameYear, 2409);
     EXPECT_EQ(windows.boxes, Texts());
+    moved.write("game.hst", "short");
+    open(moved, "GAME.NTP");
+    expectBox("Cannot use the host file " + moved.path("GAME.HST") + "\r\nIt is shorter");
 }
 
 TEST_F(GameFiles, WithoutAUsableHostFileAllElseIsLoadedAndTheYearIsUnset) {

@@ -2,7 +2,7 @@
 
 #include "fakes/TempFolder.h"
 #include "platform/FileError.h"
-#include "support/UuDecoder.h"
+#include "desk/UuDecoder.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ TEST(MUUEncode, KnownBlocksAreExactToTheByte) {
 TEST(MUUEncode, EveryLengthAroundTheLineBoundariesAndEveryByteDecodeToTheSame) {
     std::string bytes;
     for (int length = 0; length <= 900; ++length) {
-        const auto files = test::decodeUuBlocks(uuencodedBlock("A", bytes));
+        const auto files = desk::decodeUuBlocks(uuencodedBlock("A", bytes));
         ASSERT_TRUE(files && files->size() == 1) << length;
         ASSERT_EQ((*files)[0].bytes, bytes) << length;
         bytes += static_cast<char>(length + length / 256);

@@ -50,15 +50,27 @@ TEST_F(FileReplace, AMissingFolderIsNotMadeAndAFolderInThePlaceStaysWithAllItHol
     EXPECT_EQ(temp.names(), Names({"A"}));
 }
 
-TEST_F(FileReplace, AWriteProtectedFileIsNotReplacedBehindItsOwnersBack) {
-#ifndef _WIN32
-    if (geteuid() == 0) {
-        GTEST_SKIP() << "root may write everything";
-    }
-#endif
+TEST_F(FileReplace, AWriteProtectedFileOrFolderIsNotReplacedBehindItsOwnersBack) {
     temp.write("A", "old");
-    fs::permissions(toNativePath(temp.path("A")), fs::perms::owner_read);
+    const auto protect = [this](const std::string& name, fs::perms perms) {
+        fs::permissions(toNativePath(name), perms);
+    };
+    protect(temp.path("A"), fs::perms::owner_read);
+#ifdef _WIN32
     EXPECT_NE(failure("A"), "");
+#else
+    protect(temp.path(), fs::perms::all);
+    // Root may write everything.
+    const bool root = geteuid() == 0 && seteuid(65534) == 0;
+    EXPECT_NE(failure("A"), "");
+    EXPECT_EQ(root ? seteuid(0) : 0, 0);
+    protect(temp.path("A"), fs::perms::all);
+    protect(temp.path(), fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_EQ(root ? seteuid(65534) : 0, 0);
+    EXPECT_NE(failure("A"), "");
+    EXPECT_EQ(root ? seteuid(0) : 0, 0);
+    protect(temp.path(), fs::perms::owner_all);
+#endif
     EXPECT_EQ(temp.read("A"), "old");
     EXPECT_EQ(temp.names(), Names({"A"}));
 }

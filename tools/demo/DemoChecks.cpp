@@ -1,8 +1,8 @@
 #include "DemoChecks.h"
 
+#include "desk/UuDecoder.h"
 #include "platform/FileError.h"
 #include "platform/Files.h"
-#include "support/UuDecoder.h"
 
 #include <QByteArray>
 #include <algorithm>
@@ -19,7 +19,7 @@ bool complain(const std::string& what) {
 }
 
 // The player a message belongs to, by the name of the first of its two files; 0 when it has others.
-int playerOf(const std::vector<test::DecodedFile>& files) {
+int playerOf(const std::vector<desk::DecodedFile>& files) {
     const std::string prefix = "GAME.M";
     const bool complete = files.size() == 2 && files[0].name.starts_with(prefix);
     return complete ? std::stoi(files[0].name.substr(prefix.size())) : 0;
@@ -37,7 +37,7 @@ std::string inBase64(const std::string& bytes) {
 
 } // namespace
 
-bool checkMessages(const std::deque<test::ScriptedServer::Conversation>& conversations,
+bool checkMessages(const std::deque<desk::ScriptedServer::Conversation>& conversations,
                    const TurnFiles& turnFiles, const std::string& extraFile,
                    const std::string& folder) {
     std::vector<int> served;
@@ -45,8 +45,8 @@ bool checkMessages(const std::deque<test::ScriptedServer::Conversation>& convers
         if (!conversation.delivered) {
             continue;
         }
-        const std::string message = test::withoutDoubledPeriods(conversation.message);
-        const auto files = test::decodeUuBlocks(message);
+        const std::string message = desk::withoutDoubledPeriods(conversation.message);
+        const auto files = desk::decodeUuBlocks(message);
         const int player = files ? playerOf(*files) : 0;
         if (player == 0 || (*files)[0].bytes != turnFiles.at(player) ||
             (*files)[1].bytes != extraFile) {

@@ -1,10 +1,10 @@
 #include "DemoRun.h"
 
 #include "DemoChecks.h"
+#include "desk/SampleGame.h"
+#include "desk/Waiting.h"
 #include "mapi/SendmailMessages.h"
 #include "platform/Files.h"
-#include "support/SampleGame.h"
-#include "support/Waiting.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
@@ -17,8 +17,8 @@ namespace turnpost::demo {
 
 namespace {
 
-using test::Answer;
-using test::Point;
+using desk::Answer;
+using desk::Point;
 
 const char* const refusedAddress = "crimson@example.net";
 
@@ -26,7 +26,7 @@ Answer answer(Point point, const std::string& line) {
     if (point == Point::Recipient && line.find(refusedAddress) != std::string::npos) {
         return {"550 5.1.1 No such mailbox here\r\n"};
     }
-    return test::goodAnswer(point);
+    return desk::goodAnswer(point);
 }
 
 // Stands in for the desktop's mail system: keeps each message under its first recipient's name.
@@ -54,7 +54,7 @@ Application::MailSystemMaker mailSystemIn(const std::string& folder) {
 
 DemoRun::DemoRun(const std::string& demoFolder)
     : folder(QString::fromStdString(demoFolder)),
-      turnFiles(test::makeSampleGame(
+      turnFiles(desk::makeSampleGame(
           demoFolder + "/game",
           {{1, 0}, {2, 45}, {4, 46}, {7, 100000}, {9, 300}, {12, 300}, {14, 300}, {16, 300}})),
       extraFile("New rules & dates.\r\n.\r\nGood luck!\r\n"),
@@ -194,7 +194,7 @@ void DemoRun::expectReport(const QString& picture) {
 void DemoRun::sendBySmtp() {
     expectReport("report");
     person.click("butSend");
-    test::waitUntil([this] { return person.watcher().done(); });
+    desk::waitUntil([this] { return person.watcher().done(); });
     takePicture(person.window(), "main-sent");
 }
 
@@ -218,7 +218,7 @@ void DemoRun::takePicture(QWidget& window, const QString& name) {
 
 void DemoRun::wait() {
     const QDeadlineTimer until(pauseLength);
-    test::waitUntil([&until] { return until.hasExpired(); });
+    desk::waitUntil([&until] { return until.hasExpired(); });
 }
 
 } // namespace turnpost::demo

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "support/Host.h"
-#include "support/ScriptedServer.h"
+#include "desk/Host.h"
+#include "desk/ScriptedServer.h"
 
 #include <map>
 #include <string>
@@ -19,7 +19,7 @@ class DemoRun {
     /// report. True when every message arrived as it should.
     bool play(int pause);
 
-    test::Host& host() { return person; }
+    desk::Host& host() { return person; }
 
   private:
     void enterSettings();
@@ -38,8 +38,8 @@ class DemoRun {
     QString folder;
     std::map<int, std::string> turnFiles;
     std::string extraFile;
-    test::ScriptedServer server;
-    test::Host person;
+    desk::ScriptedServer server;
+    desk::Host person;
     int pauseLength = 0;
 };
 

@@ -1,13 +1,13 @@
+#include "desk/Host.h"
+#include "desk/Waiting.h"
 #include "platform/Files.h"
 #include "storage/SettingsFile.h"
-#include "support/Host.h"
-#include "support/Waiting.h"
 
 #include <QAction>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 TEST(DesktopProgram, DamagedSettingsAreSaidOnceKeptBesideAndWhatCanBeReadIsUsed) {
     Host host;
@@ -58,4 +58,4 @@ TEST(DesktopProgram, BothWaysOfClosingShrinkTheWindowAndEndTheProgram) {
     }
 }
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

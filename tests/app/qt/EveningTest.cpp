@@ -1,8 +1,8 @@
-#include "support/Host.h"
-#include "support/SampleGame.h"
-#include "support/ScriptedServer.h"
-#include "support/UuDecoder.h"
-#include "support/Waiting.h"
+#include "desk/Host.h"
+#include "desk/SampleGame.h"
+#include "desk/ScriptedServer.h"
+#include "desk/UuDecoder.h"
+#include "desk/Waiting.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -10,7 +10,7 @@
 #include <QLineEdit>
 #include <gtest/gtest.h>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 class Evening : public testing::Test {
   protected:
@@ -124,4 +124,4 @@ TEST_F(Evening, AGameIsEnteredSavedStoredLoadedAtTheNextStartAndSent) {
     EXPECT_EQ(host.watcher().faults(), std::vector<std::string>{});
 }
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

@@ -1,10 +1,10 @@
+#include "desk/Host.h"
 #include "platform/Files.h"
-#include "support/Host.h"
 
 #include <QLineEdit>
 #include <gtest/gtest.h>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 namespace {
 
@@ -76,4 +76,4 @@ TEST(EmailSettings, AFileThatCannotBeWrittenIsNamedAndTheValuesStayForTheRun) {
     EXPECT_EQ(host.desktop().app().values().settings.SmtpServer, "after");
 }
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

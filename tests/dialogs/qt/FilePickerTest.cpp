@@ -1,7 +1,7 @@
+#include "desk/Host.h"
+#include "desk/SampleGame.h"
+#include "desk/Waiting.h"
 #include "platform/Files.h"
-#include "support/Host.h"
-#include "support/SampleGame.h"
-#include "support/Waiting.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -11,7 +11,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 namespace {
 
@@ -106,4 +106,4 @@ TEST_F(Picker, CancelAndTheCloseControlChangeNothing) {
     }
 }
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

@@ -1,5 +1,5 @@
 #include "compose/ExpandTemplate.h"
-#include "support/Host.h"
+#include "desk/Host.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -7,7 +7,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 class MessageEditor : public testing::Test {
   protected:
@@ -67,4 +67,4 @@ TEST_F(MessageEditor, DefaultIsStoredByOkOnly) {
     EXPECT_EQ(stored(), defaultTemplate());
 }
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

@@ -1,6 +1,6 @@
+#include "desk/Host.h"
+#include "desk/SampleGame.h"
 #include "platform/Files.h"
-#include "support/Host.h"
-#include "support/SampleGame.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -9,7 +9,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 class Dialogs : public testing::Test {
   protected:
@@ -97,4 +97,4 @@ TEST_F(Dialogs, AboutShowsTitleVersionAndCreditsAndClosesByEveryKeyAndTheButton)
     EXPECT_EQ(host.watcher().faults(), std::vector<std::string>{});
 }
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

@@ -1,7 +1,7 @@
 #include "platform/qt/Form.h"
 
+#include "desk/ModalWatcher.h"
 #include "platform/qt/QtMessageBox.h"
-#include "support/ModalWatcher.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -10,7 +10,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 namespace {
 
@@ -73,11 +73,4 @@ TEST(Form, TextAreaKeepsHardBlanksAndGivesCrLf) {
     EXPECT_EQ(textOf(form.area), "a\u00a0b\r\n\r\n.c\r\nd\r\n");
 }
 
-TEST(Form, LongTextsAreNotCut) {
-    SampleForm form;
-    const QString text(200000, 'x');
-    form.box->setText(text);
-    EXPECT_EQ(form.box->text().size(), text.size());
-}
-
-} // namespace turnpost::test
+} // namespace turnpost::desk

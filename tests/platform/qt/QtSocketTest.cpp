@@ -1,12 +1,12 @@
 #include "platform/qt/QtSocket.h"
 
-#include "support/ScriptedServer.h"
-#include "support/Waiting.h"
+#include "desk/ScriptedServer.h"
+#include "desk/Waiting.h"
 
 #include <QTcpServer>
 #include <gtest/gtest.h>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 namespace {
 
@@ -41,18 +41,6 @@ std::uint16_t unusedPort() {
 
 } // namespace
 
-TEST(QtSocket, EachPieceFromTheServerIsOneArrival) {
-    ScriptedServer server([](Point point, int, const std::string&) { return goodAnswer(point); });
-    QtSocket socket;
-    Recorder seen(socket);
-    socket.Connect("127.0.0.1", server.port());
-    ASSERT_TRUE(waitUntil([&] { return seen.arrivals.size() == 1; }));
-    socket.SendData("HELO a\r\n");
-    ASSERT_TRUE(waitUntil([&] { return seen.arrivals.size() == 2; }));
-    EXPECT_EQ(seen.arrivals[0], "220 test.example ready\r\n");
-    EXPECT_EQ(seen.arrivals[1], "250 ok\r\n");
-}
-
 TEST(QtSocket, RefusalAndUnknownHostCarryTheirNumbersAndNeverComeFromInsideConnect) {
     QtSocket socket;
     Recorder seen(socket);
@@ -83,18 +71,6 @@ TEST(QtSocket, AResetIsAnErrorButAnOrderlyCloseIsNone) {
             EXPECT_TRUE(seen.errors.empty());
         }
     }
-}
-
-TEST(QtSocket, AReplyFollowedByAResetArrivesBeforeTheError) {
-    ScriptedServer server(answering(Point::Helo, {"", Answer::Then::Reset}));
-    QtSocket socket;
-    Recorder seen(socket);
-    socket.Connect("127.0.0.1", server.port());
-    ASSERT_TRUE(waitUntil([&] { return !seen.arrivals.empty(); }));
-    EXPECT_TRUE(seen.errors.empty());
-    socket.SendData("HELO a\r\n");
-    ASSERT_TRUE(waitUntil([&] { return !seen.errors.empty(); }));
-    EXPECT_EQ(seen.arrivals.size(), 1U);
 }
 
 TEST(QtSocket, ALateAnswerToQuitMeetsNoReset) {
@@ -145,4 +121,4 @@ TEST(QtSocket, NothingOfAnOldConnectionReachesTheNewOne) {
     EXPECT_TRUE(seen.errors.empty());
 }
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

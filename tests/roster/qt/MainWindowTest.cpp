@@ -1,6 +1,6 @@
+#include "desk/Host.h"
+#include "desk/SampleGame.h"
 #include "platform/Files.h"
-#include "support/Host.h"
-#include "support/SampleGame.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -12,7 +12,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 namespace {
 
@@ -189,8 +189,12 @@ TEST_F(MainWindow, NewEmptiesTheGameByKeysButKeepsTicksAndYear) {
     EXPECT_EQ(findControl<QLabel>(host.window(), "txtYear")->text(), "2405");
 }
 
-TEST_F(MainWindow, TabGoesRowByRow) {
+TEST_F(MainWindow, TabGoesRowByRowAndEveryBoxHasANameForScreenReaders) {
     host.findGame();
+    EXPECT_EQ(at<QLineEdit>("PlayerEmail", 2)->accessibleName(), "Player 3 e-mail address");
+    for (auto* box : host.window().findChildren<QLineEdit*>()) {
+        EXPECT_FALSE(box->accessibleName().isEmpty()) << box->objectName().toStdString();
+    }
     QStringList order;
     auto* from = at<QWidget>("PlayerName", 0);
     QWidget* next = from;
@@ -204,11 +208,4 @@ TEST_F(MainWindow, TabGoesRowByRow) {
                                   "IncludePlayer(1)", "PlayerName(1)", "PlayerEmail(1)"}));
 }
 
-TEST_F(MainWindow, EveryBoxHasANameForScreenReaders) {
-    EXPECT_EQ(at<QLineEdit>("PlayerEmail", 2)->accessibleName(), "Player 3 e-mail address");
-    for (auto* box : host.window().findChildren<QLineEdit*>()) {
-        EXPECT_FALSE(box->accessibleName().isEmpty()) << box->objectName().toStdString();
-    }
-}
-
-} // namespace turnpost::test
+} // namespace turnpost::desk

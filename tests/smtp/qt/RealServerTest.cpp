@@ -1,15 +1,15 @@
 #include "compose/MUUEncode.h"
+#include "desk/Host.h"
+#include "desk/SampleGame.h"
+#include "desk/UuDecoder.h"
+#include "desk/Waiting.h"
 #include "platform/Files.h"
-#include "support/Host.h"
-#include "support/SampleGame.h"
-#include "support/UuDecoder.h"
-#include "support/Waiting.h"
 
 #include <QDir>
 #include <QProcess>
 #include <gtest/gtest.h>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 namespace {
 
@@ -132,4 +132,4 @@ TEST(RealServer, StoresEveryPlayersFileUnchangedPeriodsAtLineStartsIncluded) {
     EXPECT_EQ(seen.size(), 16U);
 }
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

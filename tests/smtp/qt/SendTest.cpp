@@ -1,21 +1,11 @@
-#include "support/Host.h"
-#include "support/SampleGame.h"
-#include "support/ScriptedServer.h"
-#include "support/Waiting.h"
+#include "desk/Host.h"
+#include "desk/SampleGame.h"
+#include "desk/ScriptedServer.h"
+#include "desk/Waiting.h"
 
 #include <gtest/gtest.h>
 
-namespace turnpost::test {
-
-namespace {
-
-struct Outcome {
-    std::string report;
-    std::string message;
-    bool noFaults = false;
-};
-
-} // namespace
+namespace turnpost::desk {
 
 class Sending : public testing::Test {
   protected:
@@ -196,25 +186,4 @@ TEST_F(Sending, ASilentServerOrAnOrderlyCloseLeavesTheWindowUsableAndASecondSend
     EXPECT_EQ(host.watcher().faults(), std::vector<std::string>{});
 }
 
-TEST_F(Sending, ALateAnswerToQuitHoldsNobodyUp) {
-    ScriptedServer server([](Point point, int, const std::string&) {
-        Answer answer = goodAnswer(point);
-        answer.held = point == Point::Quit;
-        if (answer.held) {
-            answer.then = Answer::Then::Continue;
-        }
-        return answer;
-    });
-    start(server.address(), {{1, 10}, {2, 20}, {3, 30}});
-    host.watcher().expectReport();
-    host.click("butSend");
-    ASSERT_TRUE(waitUntil([&] { return host.watcher().done(); }));
-    for (int connection = 0; connection < 3; ++connection) {
-        const auto& conversation = server.conversations()[static_cast<size_t>(connection)];
-        ASSERT_TRUE(waitUntil([&] { return conversation.ended; }));
-        EXPECT_EQ(conversation.commands.back(), "QUIT");
-        EXPECT_FALSE(conversation.wasReset);
-    }
-}
-
-} // namespace turnpost::test
+} // namespace turnpost::desk

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 struct DecodedFile {
     std::string name;
@@ -19,4 +19,4 @@ std::optional<std::vector<DecodedFile>> decodeUuBlocks(std::string_view text);
 /// The text as a mail server stores it: one period taken off each line that starts with two.
 std::string withoutDoubledPeriods(std::string_view text);
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 /// Runs events until the condition holds; false when it does not within the time (milliseconds).
 bool waitUntil(const std::function<bool()>& condition, int longest = 20000);
@@ -10,4 +10,4 @@ bool waitUntil(const std::function<bool()>& condition, int longest = 20000);
 /// Runs events until none is left, for checking that something does not happen.
 void runPendingEvents();
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

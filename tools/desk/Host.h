@@ -1,14 +1,14 @@
 #pragma once
 
 #include "app/qt/Desktop.h"
-#include "support/ModalWatcher.h"
+#include "desk/ModalWatcher.h"
 
 #include <QTemporaryDir>
 #include <string>
 
 class QLineEdit;
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 /// The host at the desk: the whole program in a folder of its own, used by real clicks and keys.
 class Host {
@@ -62,4 +62,4 @@ template <typename Control> Control* findControl(QWidget& form, const QString& n
     return control;
 }
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

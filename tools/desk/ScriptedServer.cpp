@@ -1,4 +1,4 @@
-#include "support/ScriptedServer.h"
+#include "desk/ScriptedServer.h"
 
 #include <arpa/inet.h>
 #include <cerrno>
@@ -7,7 +7,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 namespace {
 
@@ -163,4 +163,4 @@ void ScriptedServer::end(int connection, bool reset) {
     peer.descriptor = -1;
 }
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 /// Stands in for the person in front of modal windows: each window that opens gets the next action
 /// in line. A window that nobody expects, or that stays open too long after its action, is closed
@@ -59,4 +59,4 @@ class ModalWatcher final : public QObject {
     std::vector<std::string> seenFaults;
 };
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

@@ -1,10 +1,10 @@
-#include "support/Waiting.h"
+#include "desk/Waiting.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QTimer>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 bool waitUntil(const std::function<bool()>& condition, int longest) {
     const QDeadlineTimer deadline(longest);
@@ -27,4 +27,4 @@ void runPendingEvents() {
     }
 }
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 /// Where a conversation stands when the server is asked for an answer.
 enum class Point { Greeting, Helo, Mail, Recipient, Data, InMessage, Message, Quit };
@@ -85,4 +85,4 @@ class ScriptedServer final : public QObject {
     std::deque<Conversation> records;
 };
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

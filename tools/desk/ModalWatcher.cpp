@@ -1,4 +1,4 @@
-#include "support/ModalWatcher.h"
+#include "desk/ModalWatcher.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <algorithm>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 namespace {
 
@@ -93,4 +93,4 @@ void ModalWatcher::look() {
         Qt::QueuedConnection);
 }
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

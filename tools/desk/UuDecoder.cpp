@@ -1,6 +1,6 @@
-#include "support/UuDecoder.h"
+#include "desk/UuDecoder.h"
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 namespace {
 
@@ -75,4 +75,4 @@ std::string withoutDoubledPeriods(std::string_view text) {
     return result;
 }
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

@@ -1,9 +1,9 @@
-#include "support/SampleGame.h"
+#include "desk/SampleGame.h"
 
 #include <filesystem>
 #include <fstream>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 namespace {
 
@@ -34,4 +34,4 @@ std::map<int, std::string> makeSampleGame(const std::string& folder,
     return files;
 }
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

@@ -3,7 +3,7 @@
 #include <map>
 #include <string>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 /// The bytes of a sample turn file: every byte value in turn, starting anew for each player.
 std::string sampleBytes(size_t length, int player);
@@ -13,4 +13,4 @@ std::string sampleBytes(size_t length, int player);
 std::map<int, std::string> makeSampleGame(const std::string& folder,
                                           const std::map<int, size_t>& lengths);
 
-} // namespace turnpost::test
+} // namespace turnpost::desk

@@ -1,9 +1,9 @@
-#include "support/Host.h"
+#include "desk/Host.h"
 
+#include "desk/Waiting.h"
 #include "platform/Files.h"
 #include "platform/Path.h"
 #include "storage/SettingsFile.h"
-#include "support/Waiting.h"
 
 #include <QAction>
 #include <QFileSystemModel>
@@ -14,7 +14,7 @@
 #include <QTest>
 #include <QTreeView>
 
-namespace turnpost::test {
+namespace turnpost::desk {
 
 Host::Host(const std::string& folder, const Application::MailSystemMaker& makeMail)
     : programFolder(folder.empty() ? temporary.path().toStdString() : folder),
@@ -96,4 +96,4 @@ void Host::findGame() {
     click("GameChoose");
 }
 
-} // namespace turnpost::test
+} // namespace turnpost::desk
