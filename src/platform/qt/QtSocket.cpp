@@ -4,26 +4,39 @@
 #include "platform/qt/QtText.h"
 #include "platform/qt/SocketErrors.h"
 
-#include <QNetworkProxy>
 #include <QPointer>
+#include <utility>
 
 namespace turnpost {
 
 void QtSocket::Connect(const std::string& host, std::uint16_t port) {
     Close();
-    socket = new QTcpSocket(this);
-    ended = false;
-    socket->setProxy(QNetworkProxy::NoProxy);
-    connect(socket, &QTcpSocket::connected, this, &QtSocket::onConnected);
-    connect(socket, &QTcpSocket::readyRead, this, &QtSocket::onReadyRead);
-    connect(socket, &QTcpSocket::errorOccurred, this, &QtSocket::onError);
-    // Queued: a refusal may come at once, and no event may come from inside this call.
+    connector = new Connector(
+        toQt(host), port, [this](QTcpSocket* made) { onConnected(made); },
+        [this](int number, const std::string& description) { onFailed(number, description); },
+        this);
+}
+
+void QtSocket::onFailed(int number, const std::string& description) {
+    // Queued, so that the connector is not in the middle of something while a modal window is open.
     QMetaObject::invokeMethod(
-        socket, [fresh = socket, name = toQt(host), port] { fresh->connectToHost(name, port); },
+        connector,
+        [this, number, description] {
+            std::exchange(connector, nullptr)->deleteLater();
+            if (events != nullptr) {
+                events->Error(number, description);
+            }
+        },
         Qt::QueuedConnection);
 }
 
-void QtSocket::onConnected() {
+void QtSocket::onConnected(QTcpSocket* made) {
+    std::exchange(connector, nullptr)->deleteLater();
+    socket = made;
+    socket->setParent(this);
+    ended = false;
+    connect(socket, &QTcpSocket::readyRead, this, &QtSocket::onReadyRead);
+    connect(socket, &QTcpSocket::errorOccurred, this, &QtSocket::onError);
     // Without it each small mail waits 40 ms for a delayed acknowledgement.
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     probe.watch(socket->socketDescriptor());
@@ -77,6 +90,7 @@ std::string QtSocket::GetData() {
 }
 
 void QtSocket::Close() {
+    delete std::exchange(connector, nullptr);
     if (socket == nullptr) {
         return;
     }

@@ -2,6 +2,7 @@
 
 #include "platform/Socket.h"
 #include "platform/qt/ConnectionProbe.h"
+#include "platform/qt/Connector.h"
 
 #include <QObject>
 #include <QTcpSocket>
@@ -17,18 +18,21 @@ class QtSocket final : public QObject, public Socket {
 
     void setEvents(SocketEvents* socketEvents) override { events = socketEvents; }
     void Connect(const std::string& host, std::uint16_t port) override;
-    bool isOpen() const override { return socket != nullptr && !ended; }
+    bool isOpen() const override { return connector != nullptr || (socket != nullptr && !ended); }
     void SendData(const std::string& bytes) override;
     std::string GetData() override;
     void Close() override;
 
   private:
     void deliver(const std::function<void()>& event);
-    void onConnected();
+    void onConnected(QTcpSocket* made);
+    void onFailed(int number, const std::string& description);
     void onReadyRead();
     void onError(QAbstractSocket::SocketError error);
 
     SocketEvents* events = nullptr;
+    // There while the connection is being made.
+    Connector* connector = nullptr;
     QTcpSocket* socket = nullptr;
     bool ended = false;
     ConnectionProbe probe;

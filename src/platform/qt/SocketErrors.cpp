@@ -1,5 +1,7 @@
 #include "platform/qt/SocketErrors.h"
 
+#include <cerrno>
+
 namespace turnpost {
 
 namespace {
@@ -14,7 +16,6 @@ constexpr int operationNotSupported = 10045;
 constexpr int timedOut = 10060;
 constexpr int refused = 10061;
 constexpr int hostUnreachable = 10065;
-constexpr int hostNotFound = 11001;
 
 } // namespace
 
@@ -51,6 +52,32 @@ int winsockNumber(QAbstractSocket::SocketError error, const QString& description
         return hostUnreachable;
     }
     return networkDown;
+}
+
+int winsockNumber(int systemError) {
+    switch (systemError) {
+    case ECONNREFUSED:
+        return refused;
+    case ECONNRESET:
+        return connectionReset;
+    case ETIMEDOUT:
+        return timedOut;
+    case EHOSTUNREACH:
+        return hostUnreachable;
+    case ENETUNREACH:
+        return networkUnreachable;
+    case EADDRNOTAVAIL:
+        return addressNotAvailable;
+    case EACCES:
+    case EPERM:
+        return accessDenied;
+    case EMFILE:
+    case ENFILE:
+    case ENOBUFS:
+        return noBufferSpace;
+    default:
+        return networkDown;
+    }
 }
 
 } // namespace turnpost
