@@ -14,7 +14,7 @@ namespace turnpost {
 namespace {
 
 constexpr int longestFarewell = 60000;    // milliseconds
-constexpr int farewellAtProgramEnd = 500; // milliseconds
+constexpr int farewellAtProgramEnd = 100; // milliseconds
 
 void endSending(qintptr descriptor) {
 #ifdef _WIN32

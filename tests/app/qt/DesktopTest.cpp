@@ -1,5 +1,4 @@
 #include "desk/Host.h"
-#include "desk/Waiting.h"
 #include "platform/Files.h"
 #include "storage/SettingsFile.h"
 
@@ -8,22 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace turnpost::desk {
-
-TEST(DesktopProgram, DamagedSettingsAreSaidOnceKeptBesideAndWhatCanBeReadIsUsed) {
-    Host host;
-    const std::string damaged = "\"Game Host\"\r\n\"host@example.org\"\r\n\"mail";
-    replaceFile(host.folder() + "/TURNPOST.INI", damaged);
-    host.watcher().expectMessage();
-    host.desktop().startUp();
-    EXPECT_NE(host.watcher().texts()[0].find(host.folder() + "/TURNPOST.INI"), std::string::npos);
-    EXPECT_EQ(host.desktop().app().values().settings.HostEmail, "host@example.org");
-    EXPECT_EQ(host.desktop().app().values().settings.SmtpServer, "");
-    EXPECT_EQ(readFile(host.folder() + "/TURNPOST.INI"), damaged);
-    host.desktop().app().storeEmailSettings("a", "b", "c");
-    EXPECT_EQ(readFile(host.folder() + "/TURNPOST.BAD"), damaged);
-    EXPECT_EQ(parseSettings(readFile(host.folder() + "/TURNPOST.INI")).settings.SmtpServer, "c");
-    EXPECT_EQ(host.watcher().faults(), std::vector<std::string>{});
-}
 
 TEST(DesktopProgram, StoredGameNamesBecomeMenuEntriesWithoutAccessKeys) {
     Host host;

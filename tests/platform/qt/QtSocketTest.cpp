@@ -54,25 +54,6 @@ TEST(QtSocket, RefusalAndUnknownHostCarryTheirNumbersAndNeverComeFromInsideConne
     EXPECT_FALSE(seen.descriptions[1].empty());
 }
 
-TEST(QtSocket, AResetIsAnErrorButAnOrderlyCloseIsNone) {
-    for (const auto then : {Answer::Then::Reset, Answer::Then::Close}) {
-        ScriptedServer server(answering(Point::Helo, {"", then}));
-        QtSocket socket;
-        Recorder seen(socket);
-        socket.Connect("127.0.0.1", server.port());
-        ASSERT_TRUE(waitUntil([&] { return !seen.arrivals.empty(); }));
-        socket.SendData("HELO a\r\n");
-        if (then == Answer::Then::Reset) {
-            ASSERT_TRUE(waitUntil([&] { return !seen.errors.empty(); }));
-            EXPECT_EQ(seen.errors, std::vector<int>{10054});
-        } else {
-            ASSERT_TRUE(waitUntil([&] { return server.conversations()[0].ended; }));
-            runPendingEvents();
-            EXPECT_TRUE(seen.errors.empty());
-        }
-    }
-}
-
 TEST(QtSocket, ALateAnswerToQuitMeetsNoReset) {
     ScriptedServer server(answering(Point::Quit, {"221 bye\r\n", Answer::Then::Continue, true}));
     QtSocket socket;
