@@ -1,8 +1,8 @@
 #include "compose/MUUEncode.h"
 
+#include "desk/UuDecoder.h"
 #include "fakes/TempFolder.h"
 #include "platform/FileError.h"
-#include "desk/UuDecoder.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,8 @@
 
 #include <mapi.h>
 
-#include <sstream>
+#include <filesystem>
+#include <fstream>
 #include <string>
 
 namespace {
@@ -23,52 +24,33 @@ ULONG answer(const wchar_t* name) {
     return wcstoul(variable(name).c_str(), nullptr, 10);
 }
 
-std::string oneLine(const std::string& text) {
-    std::string line;
-    for (const char c : text) {
-        line += c == '\r' ? "<CR>" : c == '\n' ? "<LF>" : std::string(1, c);
-    }
-    return line;
-}
-
 template <typename... Parts> void record(const Parts&... parts) {
-    const HANDLE file = CreateFileW(variable(L"TURNPOST_RECORD").c_str(), FILE_APPEND_DATA, 0,
-                                    nullptr, OPEN_ALWAYS, 0, nullptr);
-    std::ostringstream line;
-    (line << ... << parts);
-    const std::string bytes = oneLine(line.str()) + '\n';
-    DWORD written = 0;
-    WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-    CloseHandle(file);
+    std::ofstream file(std::filesystem::path(variable(L"TURNPOST_RECORD")),
+                       std::ios::binary | std::ios::app);
+    (file << ... << parts) << '\n';
 }
 
-// Bytes of the system's code page are recorded as they are.
-std::string textAt(const char* text) {
-    return text == nullptr ? "NULL" : text;
-}
-
-[[maybe_unused]] std::string textAt(const wchar_t* text) {
-    if (text == nullptr) {
+// The structures of both calls differ in the characters only. Bytes of the system's code page are
+// recorded as they are.
+template <typename Char> std::string text(LPSTR pointer) {
+    if (pointer == nullptr) {
         return "NULL";
     }
-    std::string bytes(3 * wcslen(text) + 1, '\0');
-    bytes.resize(static_cast<size_t>(WideCharToMultiByte(
-        CP_UTF8, 0, text, -1, bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr)));
-    bytes.pop_back();
-    return bytes;
-}
-
-// The structures of both calls differ in the characters only.
-template <typename Char> std::string text(LPSTR pointer) {
-    return textAt(reinterpret_cast<const Char*>(pointer));
+    if constexpr (sizeof(Char) == 1) {
+        return pointer;
+    } else {
+        const std::u8string bytes =
+            std::filesystem::path(reinterpret_cast<const Char*>(pointer)).u8string();
+        return {bytes.begin(), bytes.end()};
+    }
 }
 
 template <typename Char>
 ULONG recordMessage(const char* call, LHANDLE handle, const MapiMessage& message, FLAGS flags) {
     record(call, " session=", handle, " flags=", flags,
-           " type=", text<Char>(message.lpszMessageType), " messageflags=", message.flFlags);
-    record("subject=", text<Char>(message.lpszSubject));
-    record("text=", text<Char>(message.lpszNoteText));
+           " type=", text<Char>(message.lpszMessageType), " messageflags=", message.flFlags,
+           "\nsubject=", text<Char>(message.lpszSubject),
+           "\ntext=", text<Char>(message.lpszNoteText));
     for (ULONG i = 0; i < message.nRecipCount; ++i) {
         const MapiRecipDesc& recipient = message.lpRecips[i];
         record("recipient class=", recipient.ulRecipClass, " name=", text<Char>(recipient.lpszName),
@@ -88,8 +70,8 @@ extern "C" {
 
 __declspec(dllexport) ULONG WINAPI MAPILogon(ULONG_PTR window, LPSTR profile, LPSTR password,
                                              FLAGS flags, ULONG, LPLHANDLE handle) {
-    record("logon window=", window, " profile=", textAt(profile), " password=", textAt(password),
-           " flags=", flags);
+    record("logon window=", window, " profile=", text<char>(profile),
+           " password=", text<char>(password), " flags=", flags);
     *handle = session;
     return answer(L"TURNPOST_LOGON_CODE");
 }
