@@ -24,7 +24,8 @@ TEST_F(Sendmail, TheSessionIsTheFirstExecutableFileOfThatName) {
 }
 
 TEST_F(Sendmail, TheSystemsFoldersComeFirstAndTheCurrentFolderNever) {
-    const std::string before = std::getenv("PATH");
+    const char* path = std::getenv("PATH");
+    const std::string before = path == nullptr ? "" : path;
     setenv("PATH", "/opt/bin::bin:./x:/home/bin", 1);
     EXPECT_EQ(sendmailFolders(),
               std::vector<std::string>({"/usr/sbin", "/usr/lib", "/opt/bin", "/home/bin"}));

@@ -1,8 +1,8 @@
 #include "DemoChecks.h"
 
 #include "desk/UuDecoder.h"
-#include "platform/FileError.h"
 #include "platform/Files.h"
+#include "platform/Path.h"
 
 #include <QByteArray>
 #include <algorithm>
@@ -53,7 +53,8 @@ bool checkMessages(const std::deque<desk::ScriptedServer::Conversation>& convers
             return complain("a damaged file arrived");
         }
         served.push_back(player);
-        replaceFile(folder + "/player-" + std::to_string(player) + ".eml", message);
+        const std::string name = "player-" + std::to_string(player) + ".eml";
+        replaceFile(joinPath(folder, name), message);
     }
     return served == std::vector<int>{1, 2, 4, 7} || complain("not every player was served once");
 }
@@ -61,7 +62,7 @@ bool checkMessages(const std::deque<desk::ScriptedServer::Conversation>& convers
 bool checkMailSystem(const std::map<std::string, int>& playersByAddress, const TurnFiles& turnFiles,
                      const std::string& extraFile, const std::string& folder) {
     for (const auto& [address, player] : playersByAddress) {
-        std::string message = readFile(folder + "/mapi-" + address + ".eml");
+        std::string message = readFile(joinPath(folder, "mapi-" + address + ".eml"));
         message.erase(std::remove(message.begin(), message.end(), '\n'), message.end());
         if (message.find(inBase64(turnFiles.at(player))) == std::string::npos ||
             message.find(inBase64(extraFile)) == std::string::npos) {

@@ -35,7 +35,7 @@ constexpr const char* recordingSendmail = "#!/bin/sh\n"
                                           "exec cat > \"${0%/*}/../mapi-$2.eml\"\n";
 
 std::string makeRecordingSendmail(const std::string& demoFolder) {
-    const std::string folder = demoFolder + "/mail-system";
+    std::string folder = demoFolder + "/mail-system";
     std::filesystem::create_directories(folder);
     replaceFile(folder + "/sendmail", recordingSendmail);
     std::filesystem::permissions(folder + "/sendmail", std::filesystem::perms::owner_all);
