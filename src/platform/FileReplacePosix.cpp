@@ -1,10 +1,10 @@
 #include "platform/FileError.h"
 #include "platform/Files.h"
 #include "platform/Path.h"
+#include "platform/TemporaryName.h"
 
 #include <cerrno>
 #include <fcntl.h>
-#include <random>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -32,15 +32,6 @@ std::string targetOf(const std::string& path) {
         target = link.is_absolute() ? next : joinPath(folderOfPath(target), next);
     }
     fail(path, ELOOP);
-}
-
-std::string unpredictableNeighbour(const std::string& target) {
-    std::random_device random;
-    std::string name = ".turnpost-";
-    for (int i = 0; i < 4; ++i) {
-        name += std::to_string(random());
-    }
-    return joinPath(folderOfPath(target), name + ".tmp");
 }
 
 // The neighbour while it is being written; removed again unless it got its final name.

@@ -1,8 +1,7 @@
 #include "platform/FileError.h"
 #include "platform/Files.h"
-#include "platform/Path.h"
+#include "platform/TemporaryName.h"
 
-#include <random>
 #include <windows.h>
 
 namespace turnpost {
@@ -11,15 +10,6 @@ namespace {
 
 [[noreturn]] void fail(const std::string& path, DWORD code) {
     throw FileError(path, std::error_code(static_cast<int>(code), std::system_category()));
-}
-
-std::string unpredictableNeighbour(const std::string& target) {
-    std::random_device random;
-    std::string name = "~tp";
-    for (int i = 0; i < 4; ++i) {
-        name += std::to_string(random());
-    }
-    return joinPath(folderOfPath(target), name + ".tmp");
 }
 
 void writeNew(const std::wstring& file, const std::string& target, const std::string& bytes) {

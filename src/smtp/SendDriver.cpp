@@ -53,9 +53,12 @@ void SendDriver::butSend2_Click() {
         }
         showRowReached();
     } while (!prepareRow());
-    const auto address = parseServerAddress(state.ServerAddress);
-    state.SmtpState = 0;
-    socket.Connect(address->host, address->port);
+    // Only a step without a send before it has no address: a button that nobody sees can be pressed
+    // by a program.
+    if (const auto address = parseServerAddress(state.ServerAddress)) {
+        state.SmtpState = 0;
+        socket.Connect(address->host, address->port);
+    }
 }
 
 void SendDriver::showRowReached() {

@@ -75,6 +75,12 @@ TEST_F(SendDrivers, AnUnusableServerOrFolderIsSaidAndChangesNothingNotEvenASendU
     EXPECT_EQ(display.progress, Fractions({0.5, 1.0, 1.0}));
 }
 
+TEST_F(SendDrivers, AStepThatNoSendBeganConnectsToNobody) {
+    include({0});
+    driver.butSend2_Click();
+    EXPECT_TRUE(socket.servers.empty());
+}
+
 TEST_F(SendDrivers, ASecondSendStartsOverAndNothingOfTheFirstTouchesIt) {
     include({0, 1});
     attachments.SendMFiles = 1;

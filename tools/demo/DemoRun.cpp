@@ -153,7 +153,10 @@ void DemoRun::writeMessage() {
 }
 
 void DemoRun::saveAndStore() {
-    person.watcher().expectMessage();
+    person.watcher().expect("", [this](QWidget& box) {
+        takePicture(box, "message-box");
+        person.watcher().readMessage(box);
+    });
     person.chooseMenu("mnuSave");
     person.watcher().expect("frmStore", [this](QWidget& form) {
         person.click("butStore(0)", &form);
@@ -162,6 +165,13 @@ void DemoRun::saveAndStore() {
         person.click("mnuOK", &form);
     });
     person.chooseMenu("mnuStoredCon");
+    person.watcher().expect("frmOpen", [this](QWidget& picker) {
+        person.selectFile(picker, {}, "GAME.NTP");
+        takePicture(picker, "picker-open");
+        wait();
+        person.click("butCancel", &picker);
+    });
+    person.chooseMenu("mnuOpen");
     person.chooseMenu("mnuNew");
     wait();
     person.chooseMenu("mnuStoredG(1)");

@@ -1,5 +1,6 @@
 #include "desk/Host.h"
 
+#include "desk/SampleGame.h"
 #include "desk/Waiting.h"
 #include "platform/Files.h"
 #include "platform/Path.h"
@@ -94,6 +95,18 @@ void Host::expectPicker(const QString& file) {
 void Host::findGame() {
     expectPicker("GAME.HST");
     click("GameChoose");
+}
+
+std::map<int, std::string> Host::startGame(const std::string& smtpServer,
+                                           const std::map<int, size_t>& lengths) {
+    auto files = makeSampleGame(programFolder, lengths);
+    saveSettings(smtpServer);
+    program.startUp();
+    findGame();
+    for (const auto& [player, length] : lengths) {
+        type(QString("PlayerEmail(%1)").arg(player - 1), QString("p%1@example.org").arg(player));
+    }
+    return files;
 }
 
 } // namespace turnpost::desk

@@ -4,6 +4,7 @@
 #include "desk/ModalWatcher.h"
 
 #include <QTemporaryDir>
+#include <map>
 #include <string>
 
 class QLineEdit;
@@ -43,6 +44,11 @@ class Host {
 
     /// "Find Game" with the picker opening in the program's folder: chooses GAME.HST.
     void findGame();
+
+    /// Starts the program with this server in a game of these players (turn file lengths in bytes);
+    /// player N gets the address pN@example.org. Gives the turn files' contents by player.
+    std::map<int, std::string> startGame(const std::string& smtpServer,
+                                         const std::map<int, size_t>& lengths);
 
   private:
     QWidget* formOr(QWidget* form) { return form == nullptr ? &window() : form; }

@@ -25,16 +25,18 @@ void ModalWatcher::expect(const QString& name, Action action) {
 }
 
 void ModalWatcher::expectMessage() {
-    expect("", [this](QWidget& window) {
-        auto* box = qobject_cast<QMessageBox*>(&window);
-        if (box == nullptr) {
-            seenFaults.emplace_back("no message box");
-            window.close();
-            return;
-        }
-        seenTexts.push_back(box->text().toStdString());
-        box->button(QMessageBox::Ok)->click();
-    });
+    expect("", [this](QWidget& window) { readMessage(window); });
+}
+
+void ModalWatcher::readMessage(QWidget& window) {
+    auto* box = qobject_cast<QMessageBox*>(&window);
+    if (box == nullptr) {
+        seenFaults.emplace_back("no message box");
+        window.close();
+        return;
+    }
+    seenTexts.push_back(box->text().toStdString());
+    box->button(QMessageBox::Ok)->click();
 }
 
 void ModalWatcher::expectReport() {

@@ -30,6 +30,9 @@ class ModalWatcher final : public QObject {
     /// line ends LF, kept.
     void expectReport();
 
+    /// Keeps the text of an open message box and presses its OK button, as expectMessage does.
+    void readMessage(QWidget& window);
+
     /// Keeps the text of an open report and closes it, as expectReport does.
     void readReport(QWidget& report);
 

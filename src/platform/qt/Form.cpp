@@ -74,13 +74,7 @@ QLabel* Form::addLabel(const QString& name, const QString& caption, const QRect&
 
 QLineEdit* Form::addTextBox(const QString& name, const QRect& place,
                             const QString& accessibleName) {
-    auto* box = new QLineEdit(clientArea);
-    box->setObjectName(name);
-    box->setGeometry(place);
-    box->setAccessibleName(accessibleName);
-    // The toolkit's own limit of 32767 characters would cut longer texts without a word.
-    box->setMaxLength(std::numeric_limits<int>::max());
-    return box;
+    return makeTextBox(clientArea, name, place, accessibleName);
 }
 
 QPlainTextEdit* Form::addTextArea(const char* name, const QRect& place,
@@ -99,6 +93,17 @@ QPushButton* Form::addButton(const QString& name, const QString& caption, const 
     button->setGeometry(place);
     button->setAutoDefault(false);
     return button;
+}
+
+QLineEdit* makeTextBox(QWidget* parent, const QString& name, const QRect& place,
+                       const QString& accessibleName) {
+    auto* box = new QLineEdit(parent);
+    box->setObjectName(name);
+    box->setGeometry(place);
+    box->setAccessibleName(accessibleName);
+    // The toolkit's own limit of 32767 characters would cut longer texts without a word.
+    box->setMaxLength(std::numeric_limits<int>::max());
+    return box;
 }
 
 void makeReadOnly(QLineEdit* box) {

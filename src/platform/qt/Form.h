@@ -39,6 +39,10 @@ class Form : public QDialog {
     bool placed = false;
 };
 
+/// A one-line text box without a limit to its text, at a place in pixels.
+QLineEdit* makeTextBox(QWidget* parent, const QString& name, const QRect& place,
+                       const QString& accessibleName);
+
 /// Marks a text box as not editable, in behaviour and in look.
 void makeReadOnly(QLineEdit* box);
 void makeReadOnly(QPlainTextEdit* box);

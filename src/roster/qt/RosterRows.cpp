@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
-#include <limits>
 
 namespace turnpost {
 
@@ -72,11 +71,8 @@ RosterRows::Row RosterRows::makeRow(int index, QWidget* client) {
 QLineEdit* RosterRows::addBox(QWidget* client, int index, const char* name,
                               const QString& accessibleName, int left, int width,
                               std::string PlayerSlot::*field) {
-    auto* box = new QLineEdit(client);
-    box->setObjectName(nameOf(name, index));
-    box->setAccessibleName(accessibleName);
-    box->setGeometry(twipsRect(left, topOf(index), width, 285));
-    box->setMaxLength(std::numeric_limits<int>::max());
+    QLineEdit* box = makeTextBox(client, nameOf(name, index),
+                                 twipsRect(left, topOf(index), width, 285), accessibleName);
     connect(box, &QLineEdit::textChanged, this, [this, index, field](const QString& text) {
         game.rows[static_cast<size_t>(index)].*field = fromQt(text);
     });

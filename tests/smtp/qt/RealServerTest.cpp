@@ -97,14 +97,7 @@ TEST(RealServer, StoresEveryPlayersFileUnchangedPeriodsAtLineStartsIncluded) {
         {9, 90}, {10, 91}, {11, 104}, {12, 134}, {13, 135}, {14, 136}, {15, 2999}, {16, 100000}};
     const MailboxServer server;
     Host host;
-    const auto files = makeSampleGame(host.folder(), lengths);
-    host.saveSettings(server.address());
-    host.desktop().startUp();
-    host.findGame();
-    for (const auto& [player, length] : lengths) {
-        host.type(QString("PlayerEmail(%1)").arg(player - 1),
-                  QString("p%1@example.org").arg(player));
-    }
+    const auto files = host.startGame(server.address(), lengths);
     host.desktop().app().storeMessage({"Turn <<PN>>", ".first line\r\n..second\r\nlast <<PN>>"});
     host.watcher().expectReport();
     host.click("butSend");

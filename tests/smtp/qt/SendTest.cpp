@@ -1,5 +1,4 @@
 #include "desk/Host.h"
-#include "desk/SampleGame.h"
 #include "desk/ScriptedServer.h"
 #include "desk/Waiting.h"
 
@@ -25,16 +24,7 @@ class Sending : public testing::Test {
               return odd ? oddAnswer : goodAnswer(point);
           }) {}
 
-    void start(const std::map<int, size_t>& lengths) {
-        makeSampleGame(host.folder(), lengths);
-        host.saveSettings(server.address());
-        host.desktop().startUp();
-        host.findGame();
-        for (const auto& [player, length] : lengths) {
-            host.type(QString("PlayerEmail(%1)").arg(player - 1),
-                      QString("p%1@example.org").arg(player));
-        }
-    }
+    void start(const std::map<int, size_t>& lengths) { host.startGame(server.address(), lengths); }
 
     // The next connection but `later` is the odd one.
     void misbehave(Point point, const Answer& answer, int later = 0) {
