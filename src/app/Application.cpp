@@ -85,6 +85,9 @@ bool Application::askForFile(const std::string& message, const std::string& patt
 void Application::writeSettings() {
     try {
         settingsFile.write(shared.settings);
+        if (!comesBack(shared.settings)) {
+            windows.show(messages::willNotComeBack(settingsFile.path()));
+        }
     } catch (const FileError& error) {
         windows.show(messages::cannotWrite(error.path(), error.reason()));
     }

@@ -5,6 +5,7 @@
 #include "platform/Files.h"
 #include "platform/Messages.h"
 #include "platform/Path.h"
+#include "platform/Text.h"
 #include "roster/HostFile.h"
 #include "storage/GameDetailsFile.h"
 
@@ -25,6 +26,9 @@ void Application::saveGame() {
         return;
     }
     windows.show(messages::detailsSaved(path));
+    if (!comesBack(shared.game, shared.message)) {
+        windows.show(messages::willNotComeBack(path));
+    }
 }
 
 void Application::openGame() {
@@ -51,6 +55,8 @@ void Application::loadGame(const std::string& path) {
         }
         shared.game = std::move(reading.content.game);
         shared.message = std::move(reading.content.message);
+        removeLineBreaks(shared.game);
+        shared.message.MessageSubject = oneLine(shared.message.MessageSubject);
     } catch (const FileError& error) {
         windows.show(messages::cannotRead(error.path(), error.reason()));
         return;

@@ -112,6 +112,12 @@ std::string settingsDamaged(std::string_view path) {
         "the damaged file is kept beside it as TURNPOST.BAD.");
 }
 
+std::string willNotComeBack(std::string_view path) {
+    return join("Not all of this can be read back from ", path,
+                "\r\nPlease take the double quotes out of names and addresses, and characters that "
+                "this system's code page lacks, and save again.");
+}
+
 std::string hostFileUnusable(std::string_view path, std::string_view reason) {
     return join(join("Cannot use the host file ", path), "\r\n", reason);
 }

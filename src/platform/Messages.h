@@ -15,6 +15,7 @@ std::string socketError(int number, std::string_view description);
 std::string cannotRead(std::string_view path, std::string_view reason);
 std::string cannotWrite(std::string_view path, std::string_view reason);
 std::string settingsDamaged(std::string_view path);
+std::string willNotComeBack(std::string_view path);
 std::string hostFileUnusable(std::string_view path, std::string_view reason);
 std::string noMailSystem();
 std::string sendInProgress();

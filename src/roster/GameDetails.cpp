@@ -1,5 +1,9 @@
 #include "roster/GameDetails.h"
 
+#include "platform/Text.h"
+
+#include <vector>
+
 namespace turnpost {
 
 void clearRow(PlayerSlot& row) {
@@ -7,6 +11,17 @@ void clearRow(PlayerSlot& row) {
     row.PlayerEmail.clear();
     row.AltEmail.clear();
     row.GameFile.clear();
+}
+
+void removeLineBreaks(GameDetails& game) {
+    std::vector<std::string*> texts = {&game.GameName, &game.GamePath, &game.HostFileName};
+    for (PlayerSlot& row : game.rows) {
+        texts.insert(texts.end(),
+                     {&row.PlayerName, &row.PlayerEmail, &row.AltEmail, &row.GameFile});
+    }
+    for (std::string* text : texts) {
+        *text = oneLine(*text);
+    }
 }
 
 void clearGame(GameDetails& game) {

@@ -23,10 +23,15 @@ struct GameDetails {
     std::string HostFileName;
     std::int16_t GameYear = unsetGameYear;
     std::array<PlayerSlot, rowCount> rows;
+
+    bool operator==(const GameDetails&) const = default;
 };
 
 /// Empties the four texts of a row; its tick and whether it is shown stay.
 void clearRow(PlayerSlot& row);
+
+/// Puts every text on one line, as the window's boxes hold them; a game details file can hold others.
+void removeLineBreaks(GameDetails& game);
 
 /// What start-up and New do to the roster: every text of the window is emptied and every row
 /// hidden, GamePath and HostFileName are emptied. Ticks and the year stay.

@@ -15,6 +15,8 @@ struct PlayerSlot {
     std::string GameFile;
     /// The row belongs to the current game: its controls are visible.
     bool Shown = false;
+
+    bool operator==(const PlayerSlot&) const = default;
 };
 
 } // namespace turnpost

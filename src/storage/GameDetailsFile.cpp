@@ -1,5 +1,6 @@
 #include "storage/GameDetailsFile.h"
 
+#include "platform/CodePage.h"
 #include "platform/Messages.h"
 #include "platform/Text.h"
 #include "storage/QuotedLayout.h"
@@ -36,10 +37,10 @@ std::optional<int> numberOf(const QuotedValue& value) {
 // Fills the content from 101 values; says what is wrong with them.
 std::string take(const Values& values, GameFileContent& content) {
     GameDetails& game = content.game;
-    game.GameName = oneLine(values[0].text);
-    game.GamePath = oneLine(values[1].text);
-    game.HostFileName = oneLine(values[2].text);
-    content.message.MessageSubject = oneLine(values[3].text);
+    game.GameName = values[0].text;
+    game.GamePath = values[1].text;
+    game.HostFileName = values[2].text;
+    content.message.MessageSubject = values[3].text;
     content.message.MessageBody = values[4].text;
     for (size_t i = 0; i < rowCount; ++i) {
         const QuotedValue* value = &values[headValues + i * valuesPerRow];
@@ -51,10 +52,10 @@ std::string take(const Values& values, GameFileContent& content) {
         PlayerSlot& row = game.rows[i];
         row.Shown = *shown == 1;
         row.IncludePlayer = *include;
-        row.PlayerName = oneLine(value[2].text);
-        row.PlayerEmail = oneLine(value[3].text);
-        row.AltEmail = oneLine(value[4].text);
-        row.GameFile = oneLine(value[5].text);
+        row.PlayerName = value[2].text;
+        row.PlayerEmail = value[3].text;
+        row.AltEmail = value[4].text;
+        row.GameFile = value[5].text;
     }
     return {};
 }
@@ -159,6 +160,14 @@ std::string printGameDetails(const GameDetails& game, const MessageTemplate& mes
         text += lineEnd;
     }
     return text;
+}
+
+bool comesBack(const GameDetails& game, const MessageTemplate& message) {
+    GameFileReading reading =
+        parseGameDetails(fromFileBytes(toFileBytes(printGameDetails(game, message))));
+    reading.content.game.GameYear = game.GameYear;
+    return reading.damage.empty() && reading.content.game == game &&
+           reading.content.message == message;
 }
 
 std::string storedGameFile(const GameDetails& game) {

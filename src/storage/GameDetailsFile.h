@@ -22,15 +22,22 @@ struct GameFileReading {
 
 /// Reads the 101 values of a game details file (UTF-8, line ends CR LF or LF).
 ///
-/// Values that hold double quotes come back whole by the file's layout: the first four values stand
-/// on lines of their own, the last 16 lines are the rows, and all between is the body. So a body
-/// comes back whatever it holds. Other texts come back unless a row's text holds `","` or touches a
-/// separator with a quote and a comma (the file is then damaged). Texts of one-line boxes have no
-/// line breaks; any found in a file become blanks.
+/// Without double quotes every text comes back exactly, commas and line breaks included. Texts that
+/// hold double quotes come back by the file's layout: the first four values stand on lines of their
+/// own, the last 16 lines are the rows, and all between is the body. So a body comes back whatever
+/// it holds. What cannot come back:
+/// - a row's text that holds `","`, or touches a separator with a quote and a comma, gives damage;
+/// - a text of a row or of the first four that holds a line break, in a file where any text holds a
+///   double quote, gives damage, or moves values where no reader could tell. The window's boxes hold
+///   no line breaks; comesBack() finds such a game before it is trusted to its file.
 GameFileReading parseGameDetails(std::string_view text);
 
 /// The 21 lines of a game details file (UTF-8, CR LF).
 std::string printGameDetails(const GameDetails& game, const MessageTemplate& message);
+
+/// True when the file written for this game is read back with every text as it is now. False for
+/// texts that the format, or the system's code page, cannot keep.
+bool comesBack(const GameDetails& game, const MessageTemplate& message);
 
 /// Full path of the game's details file: the game's folder and the second row's turn file without
 /// its last three characters, or, when that is shorter, storedGameFile's name.

@@ -100,6 +100,12 @@ std::string printSettings(const Settings& settings) {
     return text + quotedText(settings.DefaultGameFile) + lineEnd;
 }
 
+bool comesBack(const Settings& settings) {
+    const SettingsReading reading =
+        parseSettings(fromFileBytes(toFileBytes(printSettings(settings))));
+    return !reading.damaged && reading.settings == settings;
+}
+
 SettingsFile::SettingsFile(const std::string& programFolder,
                            const std::string& configurationFolder) {
     filePath = joinPath(programFolder, fileName);

@@ -14,13 +14,19 @@ struct SettingsReading {
     bool damaged = false;
 };
 
-/// Reads the 12 values of a settings file (UTF-8, line ends CR LF or LF). Values that hold double
-/// quotes come back whole by the file's layout; only those that hold `","` next to a stored game's
-/// own comma, or a line end between two quotes, cannot, and make the file damaged.
+/// Reads the 12 values of a settings file (UTF-8, line ends CR LF or LF). Without double quotes
+/// every text comes back exactly, commas and line breaks included. Texts that hold double quotes
+/// come back by the file's layout, unless more than one division of the file fits it: a text that
+/// holds or, with its neighbour, makes up another `","` in a stored game's line or another line end
+/// between two quotes cannot come back, and makes the file damaged.
 SettingsReading parseSettings(std::string_view text);
 
 /// The 8 lines of a settings file (UTF-8, CR LF).
 std::string printSettings(const Settings& settings);
+
+/// True when the file written for these settings is read back with every text as it is now. False
+/// for texts that the format, or the system's code page, cannot keep.
+bool comesBack(const Settings& settings);
 
 /// TURNPOST.INI: in the program's folder when it is there already or can be made there, else in the
 /// person's configuration folder.

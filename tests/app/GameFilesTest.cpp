@@ -56,6 +56,35 @@ TEST_F(GameFiles, SaveWritesTheWholeGameOverAnOldFileOrSaysWhyNot) {
     expectBox("No game details entered");
 }
 
+TEST_F(GameFiles, WhatAFileWillNotGiveBackIsSaidWhenItIsWrittenAndNotWhenItIsTooLate) {
+    open(host, "GAME.NTP");
+    application.game().rows[0].PlayerName = "Red\",\"Leader";
+    application.saveGame();
+    ASSERT_EQ(windows.boxes.size(), 2U);
+    EXPECT_EQ(windows.boxes[0], "Details saved to " + folder + "GAME.NTP");
+    windows.boxes.erase(windows.boxes.begin());
+    expectBox("Not all of this can be read back from " + folder + "GAME.NTP\r\n");
+    application.storeStoredGames({{{"Red\",\"Cup", "a"}, {}, {}, {}}});
+    expectBox("Not all of this can be read back from " + program.path("TURNPOST.INI"));
+    application.storeEmailSettings("The \"Great\" Host", "", "");
+    windows.boxes.clear();
+    application.storeStoredGames({});
+    EXPECT_EQ(windows.boxes, Texts());
+}
+
+TEST_F(GameFiles, LineBreaksInAFilesNamesDoNotReachTheOneLineBoxes) {
+    std::string text =
+        "\"Cup\r\nX\",\"p\",\"h\",\"Turn\nX\",\"a\r\nb\"\r\n1,1,\"Red\rX\",\"e\",\"\",\"\"";
+    for (int row = 1; row < rowCount; ++row) {
+        text += "\r\n0,0,\"\",\"\",\"\",\"\"";
+    }
+    host.write("GAME.NTP", text);
+    open(host, "GAME.NTP");
+    EXPECT_EQ(values.game.GameName, "Cup X");
+    EXPECT_EQ(values.game.rows[0].PlayerName, "Red X");
+    EXPECT_EQ(values.message, (MessageTemplate{"Turn X", "a\r\nb"}));
+}
+
 TEST_F(GameFiles, OpenBringsBackTheGameWithTheYearOfTodayAndKeepsTheAttachments) {
     writeHostFile('\x06');
     application.storeAttachments({0, 1, {"a", "", "c"}});
