@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 
 #ifndef _WIN32
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
@@ -109,21 +107,6 @@ TEST_F(FileReplace, ALinkStaysALinkAndItsTargetIsReplacedOrMade) {
     EXPECT_EQ(fs::read_symlink(temp.path("first")), temp.path("second"));
     EXPECT_EQ(fs::read_symlink(temp.path("second")), "real/file");
     EXPECT_EQ(temp.names(), Names({"first", "real", "second"}));
-}
-
-TEST_F(FileReplace, AWriteThatFailsHalfwayLeavesTheOldFileWhole) {
-    temp.write("A", "old");
-    struct rlimit before {};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    const struct rlimit small { 4096, before.rlim_max };
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    const std::string reason = failure("A", std::string(10000, 'x'));
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(reason, std::make_error_code(std::errc::file_too_large).message());
-    EXPECT_EQ(temp.read("A"), "old");
-    EXPECT_EQ(temp.names(), Names({"A"}));
 }
 #endif
 

@@ -1,0 +1,154 @@
+#include "fakes/TempFolder.h"
+#include "platform/FileError.h"
+
+#include <csignal>
+#include <cstddef>
+#include <functional>
+#include <gtest/gtest.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
+#include <sys/ptrace.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace turnpost {
+
+namespace {
+
+const std::string oldBytes = "\"old\"\r\n";
+const std::string newBytes = "\"" + std::string(700, 'n') + "\"\r\n";
+
+constexpr int replaced = 0;
+constexpr int refused = 1;
+
+int replaceAndTell(const std::string& path) {
+    try {
+        replaceFile(path, newBytes);
+        return replaced;
+    } catch (const FileError& error) {
+        return error.reason().empty() ? 2 : refused;
+    }
+}
+
+pid_t startChild(const std::function<int()>& work) {
+    const pid_t child = fork();
+    if (child == 0) {
+        _exit(work());
+    }
+    return child;
+}
+
+// From now on the system refuses this call of the process with EIO.
+void refuseCall(unsigned number) {
+    sock_filter program[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+                             BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, number, 0, 1),
+                             BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EIO),
+                             BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
+    const sock_fprog filter{4, program};
+    if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 ||
+        prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) != 0) {
+        _exit(3);
+    }
+}
+
+// Saves in a child that is killed after so many stops before and after its system calls. True when
+// it came to its end before that.
+bool endsBefore(int stops, const std::string& path) {
+    const pid_t child = startChild([&] {
+        ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        raise(SIGSTOP);
+        return replaceAndTell(path);
+    });
+    int status = 0;
+    waitpid(child, &status, 0);
+    for (int stop = 0; stop < stops && WIFSTOPPED(status); ++stop) {
+        ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+        waitpid(child, &status, 0);
+    }
+    if (WIFSTOPPED(status)) {
+        kill(child, SIGKILL);
+        waitpid(child, &status, 0);
+        return false;
+    }
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == replaced);
+    return true;
+}
+
+} // namespace
+
+class FileFault : public testing::Test {
+  protected:
+    void expectOnlyTheOldFile() const {
+        EXPECT_EQ(temp.read("A"), oldBytes);
+        EXPECT_EQ(temp.names(), std::set<std::string>({"A"}));
+    }
+
+    TempFolder temp;
+    std::string path = temp.path("A");
+};
+
+TEST_F(FileFault, AWriteThatFailsAtAnyByteLeavesTheOldFileWhole) {
+    temp.write("A", oldBytes);
+    struct rlimit before {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    for (size_t room = 0; room < newBytes.size() && !HasFailure(); ++room) {
+        const struct rlimit small { room, before.rlim_max };
+        ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+        EXPECT_EQ(replaceAndTell(path), refused) << room;
+        setrlimit(RLIMIT_FSIZE, &before);
+        expectOnlyTheOldFile();
+    }
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(replaceAndTell(path), replaced);
+    EXPECT_EQ(temp.read("A"), newBytes);
+}
+
+TEST_F(FileFault, AnySystemCallThatFailsLeavesTheOldFileWholeAndIsReported) {
+    temp.write("A", oldBytes);
+#ifdef SYS_rename
+    constexpr unsigned renameCall = SYS_rename;
+#else
+    constexpr unsigned renameCall = SYS_renameat;
+#endif
+    for (const unsigned call : {unsigned{SYS_openat}, unsigned{SYS_fchmod}, unsigned{SYS_write},
+                                unsigned{SYS_fsync}, unsigned{SYS_close}, renameCall}) {
+        int status = 0;
+        waitpid(startChild([&] {
+                    refuseCall(call);
+                    return replaceAndTell(path);
+                }),
+                &status, 0);
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == refused) << call;
+        expectOnlyTheOldFile();
+    }
+}
+
+TEST_F(FileFault, AProcessKilledBetweenAnyTwoSystemCallsLeavesTheOldOrTheNewFileWhole) {
+    for (const std::string name : {"A", "link"}) {
+        temp.write("A", oldBytes);
+        if (name == "link") {
+            std::filesystem::create_symlink("A", temp.path("link"));
+        }
+        std::set<std::string> seen;
+        int stops = 0;
+        while (!endsBefore(stops, temp.path(name)) && !HasFailure()) {
+            ++stops;
+            const std::string found = temp.read("A");
+            EXPECT_TRUE(found == oldBytes || found == newBytes) << stops << found;
+            seen.insert(found);
+            EXPECT_EQ(replaceAndTell(path), replaced) << "what a killed save left is in the way";
+            temp.write("A", oldBytes);
+        }
+        EXPECT_GT(stops, 20);
+        EXPECT_EQ(seen.size(), 2U) << "never killed on both sides of the change";
+        EXPECT_EQ(temp.read("A"), newBytes);
+        RecordProperty("stops_" + name, stops);
+    }
+    EXPECT_TRUE(std::filesystem::is_symlink(temp.path("link")));
+}
+
+} // namespace turnpost
