@@ -128,10 +128,10 @@ std::string withoutEnd(const std::string& name, size_t length) {
 GameFileReading parseGameDetails(std::string_view text) {
     const bool dosLines = text.find(lineEnd) != std::string_view::npos;
     const QuotedReading inOrder = readQuotedValues(text);
-    const bool whole = inOrder.clean && inOrder.values.size() == valueCount;
+    const bool whole = inOrder.clean && inOrder.count == valueCount;
     GameFileReading reading;
     reading.damage = whole ? take(inOrder.values, reading.content)
-                           : messages::wrongValueCount(inOrder.values.size(), valueCount);
+                           : messages::wrongValueCount(inOrder.count, valueCount);
     if (!reading.damage.empty()) {
         if (const auto values = valuesByLayout(text, dosLines ? lineEnd : "\n")) {
             reading.content = {};

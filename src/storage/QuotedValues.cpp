@@ -12,15 +12,15 @@ class Reader {
 
     QuotedReading read() {
         QuotedReading reading;
-        while (reading.clean &&
-               text.find_first_not_of(" \r\n", position) != std::string_view::npos) {
+        const size_t end = text.find_last_not_of(" \r\n") + 1;
+        while (reading.clean && position < end) {
             skipBlanks();
             QuotedValue value{{}, line, peek() == '"'};
             reading.clean = value.quoted ? readQuoted(value.text) : readBare(value.text);
-            if (reading.clean) {
-                reading.values.push_back(std::move(value));
-            } else {
+            if (!reading.clean) {
                 reading.damagedLine = value.line;
+            } else if (++reading.count <= mostKeptValues) {
+                reading.values.push_back(std::move(value));
             }
         }
         return reading;

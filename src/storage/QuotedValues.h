@@ -17,11 +17,16 @@ struct QuotedValue {
     bool quoted = false;
 };
 
-/// All values of a file in order. `clean` is false when reading had to stop early: text stood
-/// between a closing quote and the next separator, a closing quote was missing, or a value without
-/// quotes held one. `values` then are those before that point, and `damagedLine` is its line.
+/// More than any of the program's files holds. Those of a foreign file could fill the memory.
+inline constexpr size_t mostKeptValues = 1000;
+
+/// The values of a file in order, the first mostKeptValues of them, and how many there are in all.
+/// `clean` is false when reading had to stop early: text stood between a closing quote and the next
+/// separator, a closing quote was missing, or a value without quotes held one. `values` and `count`
+/// then are those before that point, and `damagedLine` is its line.
 struct QuotedReading {
     std::vector<QuotedValue> values;
+    size_t count = 0;
     bool clean = true;
     size_t damagedLine = 0;
 };

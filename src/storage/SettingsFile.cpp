@@ -80,7 +80,7 @@ std::vector<std::string> separators(std::string_view lineEnd) {
 
 SettingsReading parseSettings(std::string_view text) {
     const QuotedReading reading = readQuotedValues(text);
-    if (reading.clean && reading.values.size() == valueCount) {
+    if (reading.clean && reading.count == valueCount) {
         return {settingsOf(textsOf(reading.values)), false};
     }
     const bool dosLines = text.find("\r\n") != std::string_view::npos;

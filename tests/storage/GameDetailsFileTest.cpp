@@ -132,6 +132,9 @@ TEST_F(GameDetailsFiles, WhatIsWrongIsSaid) {
     }
     EXPECT_EQ(damageBy("\"CUP.M1\"", "\"CUP.M1\",\"x\""), messages::wrongValueCount(102, 101));
     EXPECT_EQ(damageBy("\"Spring Cup\"\r\n", ""), messages::wrongValueCount(100, 101));
+    // Hundreds of thousands of values take neither minutes nor all of the memory.
+    const std::string lines(300000, '\n');
+    EXPECT_EQ(parseGameDetails(lines + "x").damage, messages::wrongValueCount(300001, 101));
 }
 
 TEST_F(GameDetailsFiles, AreNamedAfterTheSecondRowElseAfterTheHostFile) {
