@@ -28,8 +28,8 @@ struct GameFileReading {
 /// it holds. What cannot come back:
 /// - a row's text that holds `","`, or touches a separator with a quote and a comma, gives damage;
 /// - a text of a row or of the first four that holds a line break, in a file where any text holds a
-///   double quote, gives damage, or moves values where no reader could tell. The window's boxes hold
-///   no line breaks; comesBack() finds such a game before it is trusted to its file.
+///   double quote, gives damage, or moves values where no reader could tell. The window's boxes
+///   hold no line breaks; comesBack() finds such a game before it is trusted to its file.
 GameFileReading parseGameDetails(std::string_view text);
 
 /// The 21 lines of a game details file (UTF-8, CR LF).

@@ -86,6 +86,16 @@ class FileFault : public testing::Test {
         EXPECT_EQ(temp.names(), std::set<std::string>({"A"}));
     }
 
+    // What killed saves left beside the file is for its owner's eyes, as the file is.
+    void expectNothingReadableByOthers() const {
+        for (const std::string& name : temp.names()) {
+            const auto status = std::filesystem::status(temp.path(name));
+            const bool readable = (status.permissions() & std::filesystem::perms::others_read) !=
+                                  std::filesystem::perms::none;
+            EXPECT_FALSE(readable && !temp.read(name).empty()) << name;
+        }
+    }
+
     TempFolder temp;
     std::string path = temp.path("A");
 };
@@ -130,6 +140,7 @@ TEST_F(FileFault, AnySystemCallThatFailsLeavesTheOldFileWholeAndIsReported) {
 TEST_F(FileFault, AProcessKilledBetweenAnyTwoSystemCallsLeavesTheOldOrTheNewFileWhole) {
     for (const std::string name : {"A", "link"}) {
         temp.write("A", oldBytes);
+        std::filesystem::permissions(path, std::filesystem::perms(0600));
         if (name == "link") {
             std::filesystem::create_symlink("A", temp.path("link"));
         }
@@ -140,6 +151,7 @@ TEST_F(FileFault, AProcessKilledBetweenAnyTwoSystemCallsLeavesTheOldOrTheNewFile
             const std::string found = temp.read("A");
             EXPECT_TRUE(found == oldBytes || found == newBytes) << stops << found;
             seen.insert(found);
+            expectNothingReadableByOthers();
             EXPECT_EQ(replaceAndTell(path), replaced) << "what a killed save left is in the way";
             temp.write("A", oldBytes);
         }
