@@ -5,6 +5,8 @@
 #include "platform/Files.h"
 #include "platform/Messages.h"
 
+#include <stdexcept>
+
 namespace turnpost {
 
 namespace {
@@ -43,6 +45,14 @@ class RowRules {
 
     bool refused() const { return RowRefused; }
 
+    void refuse(const std::string& finding) {
+        if (!ReportLine.empty()) {
+            ReportLine += "\r\n";
+        }
+        ReportLine += finding;
+        RowRefused = true;
+    }
+
   private:
     void checkFile(const std::string& path, const std::string& notFound,
                    const std::string& unreadable) {
@@ -55,14 +65,6 @@ class RowRules {
         } catch (const FileError&) {
             refuse(unreadable);
         }
-    }
-
-    void refuse(const std::string& finding) {
-        if (!ReportLine.empty()) {
-            ReportLine += "\r\n";
-        }
-        ReportLine += finding;
-        RowRefused = true;
     }
 
     Transport transport;
@@ -103,10 +105,15 @@ std::optional<RowMessage> applyRowRules(const DispatchInputs& inputs, int row, T
     const auto expand = [&](const std::string& text) {
         return ExpandTemplate(text, game.GameName, row, player.PlayerName, game.GameYear);
     };
-    RowMessage message;
-    message.PlayerBody = expand(inputs.message.MessageBody);
-    message.PlayerSubject = expand(inputs.message.MessageSubject);
-    return message;
+    try {
+        RowMessage message;
+        message.PlayerBody = expand(inputs.message.MessageBody);
+        message.PlayerSubject = expand(inputs.message.MessageSubject);
+        return message;
+    } catch (const std::length_error&) {
+        rules.refuse(messages::messageTooLong());
+        return std::nullopt;
+    }
 }
 
 } // namespace turnpost

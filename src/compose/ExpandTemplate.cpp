@@ -1,5 +1,7 @@
 #include "compose/ExpandTemplate.h"
 
+#include <stdexcept>
+
 namespace turnpost {
 
 namespace {
@@ -12,6 +14,9 @@ std::string replaceAll(std::string_view text, std::string_view placeholder,
          found = text.find(placeholder, from)) {
         result.append(text.substr(from, found - from)).append(value);
         from = found + placeholder.size();
+        if (result.size() > mostExpandedBytes) {
+            throw std::length_error("the text grows too long");
+        }
     }
     return result.append(text.substr(from));
 }

@@ -106,6 +106,11 @@ std::string readFile(const std::string& path, size_t limit) {
         const int code = errno != 0 ? errno : EIO;
         throw FileError(*found, std::error_code(code, std::generic_category()));
     };
+    std::error_code error;
+    const bool whole = limit == std::string::npos;
+    if (whole && fs::file_size(toNativePath(*found), error) > mostFileBytes && !error) {
+        throw FileError(*found, std::make_error_code(std::errc::file_too_large));
+    }
     errno = 0;
     std::ifstream file(toNativePath(*found), std::ios::binary);
     if (!file) {

@@ -24,8 +24,11 @@ std::optional<std::string> findFile(const std::string& path);
 /// True when the folder exists and holds at least one ordinary file.
 bool folderHoldsFile(const std::string& folder);
 
+/// No mail server takes more, and a file of any size that somebody has named could fill the memory.
+inline constexpr size_t mostFileBytes = size_t{256} << 20;
+
 /// The file's bytes, read once: all of them, or the first `limit`. Throws FileError when it is no
-/// ordinary file or cannot be read to its end.
+/// ordinary file, cannot be read to its end, or, without a limit, is larger than mostFileBytes.
 std::string readFile(const std::string& path, size_t limit = std::string::npos);
 
 /// Replaces the file by these bytes, whole or not at all: they go to a temporary neighbour with an

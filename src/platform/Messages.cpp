@@ -219,6 +219,10 @@ std::string extraFileUnreadable(int entry) {
     return extraFile(entry, cannotBeRead);
 }
 
+std::string messageTooLong() {
+    return "Message too long";
+}
+
 std::string emailSent() {
     return "Email sent OK";
 }

@@ -47,6 +47,7 @@ std::string universeFileNotFound();
 std::string universeFileUnreadable();
 std::string extraFileNotFound(int entry);
 std::string extraFileUnreadable(int entry);
+std::string messageTooLong();
 std::string emailSent();
 std::string smtpError(std::string_view reply);
 std::string emailGenerated();

@@ -112,6 +112,18 @@ TEST_F(DispatchRules, AFileThatCannotBeReadRefusesTheRowWithItsOwnFinding) {
     expectBoth("M3file cannot be read \r\nXY file not found ", "M3file cannot be read ");
 }
 
+TEST_F(DispatchRules, PlaceholdersThatMultiplyFillNoMemoryButAreReported) {
+    text = {};
+    for (int i = 0; i < 3000; ++i) {
+        text.MessageBody += "<<GN>>";
+        game.GameName += "<<FN>>";
+    }
+    player.PlayerName = std::string(100000, 'x');
+    expectBoth("Message too long");
+    player.PlayerName = "R e d";
+    EXPECT_EQ(outcome(Transport::Smtp).size(), 3005U * 3000U);
+}
+
 TEST_F(DispatchRules, AFolderInTheFilesPlaceCountsAsNotFound) {
     attachments = {1, 0, {"", temp.path(), ""}};
     player.GameFile.clear();
