@@ -117,15 +117,16 @@ TEST_F(FileFault, AWriteThatFailsAtAnyByteLeavesTheOldFileWhole) {
     EXPECT_EQ(temp.read("A"), newBytes);
 }
 
-TEST_F(FileFault, AnySystemCallThatFailsLeavesTheOldFileWholeAndIsReported) {
+TEST_F(FileFault, AnyOtherSystemCallThatFailsLeavesTheOldFileWholeAndIsReported) {
     temp.write("A", oldBytes);
 #ifdef SYS_rename
     constexpr unsigned renameCall = SYS_rename;
 #else
     constexpr unsigned renameCall = SYS_renameat;
 #endif
-    for (const unsigned call : {unsigned{SYS_openat}, unsigned{SYS_fchmod}, unsigned{SYS_write},
-                                unsigned{SYS_fsync}, unsigned{SYS_close}, renameCall}) {
+    // Sanitizers write for themselves; a write that fails has its own test.
+    for (const unsigned call : {unsigned{SYS_openat}, unsigned{SYS_fchmod}, unsigned{SYS_fsync},
+                                unsigned{SYS_close}, renameCall}) {
         int status = 0;
         waitpid(startChild([&] {
                     refuseCall(call);
