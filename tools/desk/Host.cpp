@@ -39,7 +39,12 @@ void Host::type(const QString& box, const QString& text, QWidget* form) {
     QTest::mouseClick(control, Qt::LeftButton);
     QTest::keySequence(control, QKeySequence::SelectAll);
     QTest::keyClick(control, Qt::Key_Delete);
-    QTest::keyClicks(control, text);
+    const QStringList lines = text.split('\n');
+    QTest::keyClicks(control, lines.first());
+    for (const QString& line : lines.mid(1)) {
+        QTest::keyClick(control, Qt::Key_Return);
+        QTest::keyClicks(control, line);
+    }
 }
 
 void Host::chooseMenu(const QString& item) {

@@ -30,7 +30,7 @@ class Host {
     void release() { modals.stop(); }
 
     // Controls are named as in the forms; rows as "PlayerName(0)". `form` is the main window unless
-    // given.
+    // given. Text is typed over what the box holds; a line feed in it is the Return key.
     void click(const QString& button, QWidget* form = nullptr);
     void type(const QString& box, const QString& text, QWidget* form = nullptr);
     void chooseMenu(const QString& item);
