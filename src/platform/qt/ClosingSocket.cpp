@@ -1,7 +1,6 @@
 #include "platform/qt/ClosingSocket.h"
 
 #include <QTcpSocket>
-#include <QTimer>
 
 #ifdef _WIN32
 #include <winsock2.h>
@@ -31,9 +30,14 @@ ClosingSocket::ClosingSocket(QTcpSocket* closedSocket, QObject* parent)
     socket->setParent(this);
     connect(socket, &QTcpSocket::readyRead, this, [this] { socket->readAll(); });
     connect(socket, &QTcpSocket::disconnected, this, &QObject::deleteLater);
-    QTimer::singleShot(longestFarewell, this, &QObject::deleteLater);
+    // Not QTimer::singleShot, whose timer would outlive this object by the rest of the minute.
+    startTimer(longestFarewell);
     endSending(socket->socketDescriptor());
     socket->readAll();
+}
+
+void ClosingSocket::timerEvent(QTimerEvent*) {
+    deleteLater();
 }
 
 ClosingSocket::~ClosingSocket() {

@@ -20,6 +20,9 @@ class ClosingSocket final : public QObject {
     /// At the program's end: waits a moment for the server, then closes all the same.
     ~ClosingSocket() override;
 
+  protected:
+    void timerEvent(QTimerEvent* event) override;
+
   private:
     QTcpSocket* socket;
 };
