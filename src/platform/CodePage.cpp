@@ -110,14 +110,14 @@ std::string toWindows1252(std::string_view text) {
     bytes.reserve(text.size());
     for (size_t position = 0; position < text.size();) {
         const char32_t codePoint = nextCodePoint(text, position);
-        const auto high = std::find(windows1252High.begin(), windows1252High.end(), codePoint);
         if (codePoint < 0x80 || (codePoint >= 0xA0 && codePoint <= 0xFF)) {
             bytes += static_cast<char>(codePoint);
-        } else if (high != windows1252High.end()) {
-            bytes += static_cast<char>(0x80 + (high - windows1252High.begin()));
-        } else {
-            bytes += '?';
+            continue;
         }
+        const auto high = std::find(windows1252High.begin(), windows1252High.end(), codePoint);
+        bytes += high == windows1252High.end()
+                     ? '?'
+                     : static_cast<char>(0x80 + (high - windows1252High.begin()));
     }
     return bytes;
 }
