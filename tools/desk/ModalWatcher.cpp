@@ -59,6 +59,7 @@ void ModalWatcher::look() {
         current = nullptr;
         return;
     }
+    std::erase_if(open, [](const QPointer<QWidget>& window) { return window.isNull(); });
     const bool known = std::find(open.begin(), open.end(), modal) != open.end();
     if (known) {
         ticksOpen = modal == current ? ticksOpen + 1 : 0;

@@ -7,6 +7,7 @@
 #include <deque>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace turnpost::desk {
@@ -43,6 +44,10 @@ class ModalWatcher final : public QObject {
     bool done() const;
 
     const std::vector<std::string>& texts() const { return seenTexts; }
+
+    /// Gives the texts and keeps none.
+    std::vector<std::string> takeTexts() { return std::exchange(seenTexts, {}); }
+
     const std::vector<std::string>& faults() const { return seenFaults; }
 
   private:

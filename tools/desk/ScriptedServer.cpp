@@ -1,8 +1,8 @@
 #include "desk/ScriptedServer.h"
 
 #include <arpa/inet.h>
-#include <cerrno>
 #include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <stdexcept>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -44,6 +44,11 @@ ScriptedServer::ScriptedServer(Script conversationScript) : script(std::move(con
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t size = sizeof address;
     auto* generic = reinterpret_cast<sockaddr*>(&address);
+    // Before listen, so that the first segments of a connection know of it.
+    const int segment = 1400;
+    const int buffer = 8192;
+    setsockopt(listener, IPPROTO_TCP, TCP_MAXSEG, &segment, sizeof segment);
+    setsockopt(listener, SOL_SOCKET, SO_RCVBUF, &buffer, sizeof buffer);
     if (bind(listener, generic, size) != 0 || listen(listener, 64) != 0 ||
         getsockname(listener, generic, &size) != 0) {
         throw std::runtime_error("no loopback port");
@@ -56,9 +61,6 @@ ScriptedServer::ScriptedServer(Script conversationScript) : script(std::move(con
 ScriptedServer::~ScriptedServer() {
     notifier.reset();
     close(listener);
-    for (size_t i = 0; i < peers.size(); ++i) {
-        end(static_cast<int>(i), false);
-    }
 }
 
 void ScriptedServer::accept() {
@@ -67,35 +69,20 @@ void ScriptedServer::accept() {
         return;
     }
     const int connection = static_cast<int>(peers.size());
-    Peer& peer = peers.emplace_back();
     records.emplace_back();
-    peer.descriptor = descriptor;
-    peer.notifier = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
-    connect(peer.notifier.get(), &QSocketNotifier::activated, this,
-            [this, connection] { read(connection); });
+    peers.emplace_back().socket = std::make_unique<PeerSocket>(
+        descriptor, [this, connection](const std::string& bytes) { takeInput(connection, bytes); },
+        [this, connection](bool byReset) { end(connection, byReset); });
     answer(connection, Point::Greeting, {});
 }
 
-void ScriptedServer::read(int connection) {
-    Peer& peer = peers[static_cast<size_t>(connection)];
-    char bytes[65536];
-    const ssize_t count = recv(peer.descriptor, bytes, sizeof bytes, 0);
-    if (count > 0) {
-        peer.buffer.append(bytes, static_cast<size_t>(count));
-        takeInput(connection);
-    } else if (count == 0 && !peer.held.empty()) {
-        // The late answer; the next look tells whether the client met it with a reset.
-        release(connection);
-    } else if (count == 0 || errno != EAGAIN) {
-        end(connection, count < 0);
-    }
-}
-
-void ScriptedServer::takeInput(int connection) {
+void ScriptedServer::takeInput(int connection, const std::string& bytes) {
     Peer& peer = peers[static_cast<size_t>(connection)];
     Conversation& record = records[static_cast<size_t>(connection)];
-    while (peer.descriptor >= 0 && !peer.buffer.empty()) {
-        if (peer.inMessage && !peer.announcedMessage) {
+    peer.buffer += bytes;
+    while (!peer.over && !peer.paused && !peer.buffer.empty()) {
+        if (peer.inMessage && !peer.announcedMessage &&
+            record.message.size() + peer.buffer.size() >= midMessage) {
             peer.announcedMessage = true;
             answer(connection, Point::InMessage, {});
             continue;
@@ -128,39 +115,36 @@ void ScriptedServer::answer(int connection, Point point, const std::string& line
     if (point == Point::Message && answer.bytes.starts_with("250")) {
         records[static_cast<size_t>(connection)].delivered = true;
     }
-    if (answer.held) {
-        peer.held += answer.bytes;
-    } else if (!answer.bytes.empty()) {
-        send(peer.descriptor, answer.bytes.data(), answer.bytes.size(), MSG_NOSIGNAL);
-    }
-    if (answer.then == Answer::Then::Reset) {
-        // A linger time of zero turns the close into a reset.
-        const linger now{1, 0};
-        setsockopt(peer.descriptor, SOL_SOCKET, SO_LINGER, &now, sizeof now);
-    }
-    if (answer.then != Answer::Then::Continue) {
-        end(connection, false);
+    peer.socket->send(answer.bytes);
+    peer.socket->keepBack(answer.late);
+    if (answer.then == Answer::Then::Pause) {
+        peer.paused = true;
+        peer.socket->stopReading();
+    } else if (answer.then == Answer::Then::Close && peer.inMessage) {
+        // Closing with more of the message on its way would be a reset.
+        peer.over = true;
+        peer.socket->endSending();
+    } else if (answer.then != Answer::Then::Continue) {
+        peer.socket->close(answer.then == Answer::Then::Reset);
     }
 }
 
 void ScriptedServer::release(int connection) {
     Peer& peer = peers[static_cast<size_t>(connection)];
-    send(peer.descriptor, peer.held.data(), peer.held.size(), MSG_NOSIGNAL);
-    peer.held.clear();
+    peer.paused = false;
+    peer.socket->release();
+    takeInput(connection, {});
 }
 
-void ScriptedServer::end(int connection, bool reset) {
-    Peer& peer = peers[static_cast<size_t>(connection)];
-    if (peer.descriptor < 0) {
-        return;
-    }
+void ScriptedServer::forget() {
+    peers.clear();
+    records.clear();
+}
+
+void ScriptedServer::end(int connection, bool byReset) {
+    peers[static_cast<size_t>(connection)].over = true;
     records[static_cast<size_t>(connection)].ended = true;
-    records[static_cast<size_t>(connection)].wasReset = reset;
-    // The notifier may be the one that is calling.
-    peer.notifier->setEnabled(false);
-    peer.notifier.release()->deleteLater();
-    close(peer.descriptor);
-    peer.descriptor = -1;
+    records[static_cast<size_t>(connection)].wasReset = byReset;
 }
 
 } // namespace turnpost::desk

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "desk/PeerSocket.h"
+
 #include <QObject>
 #include <QSocketNotifier>
 #include <cstdint>
@@ -15,13 +17,14 @@ namespace turnpost::desk {
 enum class Point { Greeting, Helo, Mail, Recipient, Data, InMessage, Message, Quit };
 
 struct Answer {
-    enum class Then { Continue, Close, Reset };
+    /// Close is an orderly end of stream. Pause reads no more until release().
+    enum class Then { Continue, Pause, Close, Reset };
 
     /// Sent in one piece; empty says nothing.
     std::string bytes;
     Then then = Then::Continue;
-    /// Kept back until release(), or until the client has ended its side.
-    bool held = false;
+    /// Kept back until release(), or until the client has ended its side; then sent byte by byte.
+    std::string late = {};
 };
 
 /// What the server says at each point, given the number of the connection (from 0) and the line it
@@ -31,8 +34,9 @@ using Script = std::function<Answer(Point, int connection, const std::string& li
 /// Accepts everything as a common server does.
 Answer goodAnswer(Point point);
 
-/// A real TCP server on a free loopback port that follows a script. Works on plain descriptors,
-/// since only they tell an end of stream from a reset. Runs on the test's own event loop.
+/// A real TCP server on a free loopback port that follows a script. Its segments and buffers are
+/// those of a common network, not of the loopback, so that half a megabyte is more than a client
+/// can be rid of before the server reads it. Runs on the test's own event loop.
 class ScriptedServer final : public QObject {
   public:
     struct Conversation {
@@ -58,24 +62,31 @@ class ScriptedServer final : public QObject {
 
     const std::deque<Conversation>& conversations() const { return records; }
 
-    /// Sends what has been held back on a connection.
+    /// Sends what has been kept back on a connection, and goes on after a pause.
     void release(int connection);
+
+    /// From now on Point::InMessage comes when this many bytes of a message have arrived, or never
+    /// when it is shorter. Until then it comes with the first bytes.
+    void setMidMessage(size_t bytes) { midMessage = bytes; }
+
+    /// Closes all connections and drops what is known of them; the next one is number 0. Not from
+    /// inside the script.
+    void forget();
 
   private:
     struct Peer {
-        int descriptor = -1;
-        std::unique_ptr<QSocketNotifier> notifier;
+        std::unique_ptr<PeerSocket> socket;
         std::string buffer;
         bool inMessage = false;
         bool announcedMessage = false;
-        std::string held;
+        bool paused = false;
+        bool over = false;
     };
 
     void accept();
-    void read(int connection);
-    void takeInput(int connection);
+    void takeInput(int connection, const std::string& bytes);
     void answer(int connection, Point point, const std::string& line);
-    void end(int connection, bool reset);
+    void end(int connection, bool byReset);
 
     Script script;
     int listener = -1;
@@ -83,6 +94,7 @@ class ScriptedServer final : public QObject {
     std::unique_ptr<QSocketNotifier> notifier;
     std::deque<Peer> peers;
     std::deque<Conversation> records;
+    size_t midMessage = 0;
 };
 
 } // namespace turnpost::desk

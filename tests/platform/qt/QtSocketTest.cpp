@@ -55,7 +55,7 @@ TEST(QtSocket, RefusalAndUnknownHostCarryTheirNumbersAndNeverComeFromInsideConne
 }
 
 TEST(QtSocket, ALateAnswerToQuitMeetsNoReset) {
-    ScriptedServer server(answering(Point::Quit, {"221 bye\r\n", Answer::Then::Continue, true}));
+    ScriptedServer server(answering(Point::Quit, {"", Answer::Then::Continue, "221 bye\r\n"}));
     QtSocket socket;
     Recorder seen(socket);
     socket.Connect("127.0.0.1", server.port());
@@ -86,7 +86,7 @@ TEST(QtSocket, CloseDropsWhatTheSystemHasNotTaken) {
 }
 
 TEST(QtSocket, NothingOfAnOldConnectionReachesTheNewOne) {
-    ScriptedServer old(answering(Point::Greeting, {"220 old\r\n", Answer::Then::Continue, true}));
+    ScriptedServer old(answering(Point::Greeting, {"", Answer::Then::Continue, "220 old\r\n"}));
     ScriptedServer next([](Point point, int, const std::string&) { return goodAnswer(point); });
     QtSocket socket;
     Recorder seen(socket);
