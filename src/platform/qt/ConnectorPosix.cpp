@@ -46,6 +46,13 @@ Connector::Connector(const QString& host, std::uint16_t portNumber, Connected on
                      Failed onFailed, QObject* parent)
     : QObject(parent), port(portNumber), connected(std::move(onConnected)),
       failed(std::move(onFailed)) {
+    QHostAddress address;
+    if (address.setAddress(host)) {
+        // The toolkit would ask for the name of the address first, and wait where nobody answers.
+        addresses = {address};
+        QMetaObject::invokeMethod(this, &Connector::tryNextAddress, Qt::QueuedConnection);
+        return;
+    }
     QHostInfo::lookupHost(host, this, [this](const QHostInfo& found) {
         if (found.addresses().isEmpty()) {
             failed(hostNotFound, fromQt(found.errorString()));

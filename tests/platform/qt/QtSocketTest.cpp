@@ -63,7 +63,7 @@ TEST(QtSocket, ALateAnswerToQuitMeetsNoReset) {
     socket.SendData("QUIT\r\n");
     socket.Close();
     // The next connection is not held up by the answer that is still out.
-    socket.Connect("127.0.0.1", server.port());
+    socket.Connect("localhost", server.port());
     ASSERT_TRUE(waitUntil([&] { return seen.arrivals.size() == 2; }));
     ASSERT_TRUE(waitUntil([&] { return server.conversations()[0].ended; }));
     EXPECT_EQ(server.conversations()[0].commands, std::vector<std::string>{"QUIT"});
