@@ -9,11 +9,11 @@ namespace turnpost::lasting {
 
 namespace {
 
-// Caches of the toolkit and threads that it starts and ends as it likes.
+// The toolkit caches glyphs and icons, and drops them as it likes.
 constexpr long heapSlack = 16 << 10;
 // The system gives pages back late, and in strides.
 constexpr long residentSlack = 1 << 20;
-// A thread of the toolkit holds one; at most three look hosts up.
+// Each thread of the toolkit holds one; it starts and ends them as it likes.
 constexpr long descriptorSlack = 2;
 
 std::size_t medianOf(std::vector<std::size_t> figures) {

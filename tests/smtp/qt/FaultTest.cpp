@@ -117,7 +117,7 @@ class Faults : public testing::TestWithParam<Point> {
 };
 
 TEST_P(Faults, EveryRowGetsItsLineTheNextSendWorksAndNothingIsLeftBehind) {
-    // The first send makes what stays, such as a thread for looking hosts up.
+    // The first send makes what stays for good.
     send(nullptr);
     server.forget();
     runPendingEvents();
