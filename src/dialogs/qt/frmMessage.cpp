@@ -30,7 +30,7 @@ frmMessage::frmMessage(QWidget* parent, Application& usedApplication)
 }
 
 void frmMessage::showTemplate(const MessageTemplate& message) {
-    txtMessage->setPlainText(toQt(message.MessageBody));
+    showText(txtMessage, toQt(message.MessageBody));
     txtSubject->setText(toQt(message.MessageSubject));
 }
 

@@ -9,6 +9,8 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScreen>
+#include <QTextOption>
+#include <algorithm>
 #include <limits>
 
 namespace turnpost {
@@ -114,6 +116,22 @@ void makeReadOnly(QLineEdit* box) {
 void makeReadOnly(QPlainTextEdit* box) {
     box->setReadOnly(true);
     showAsReadOnly(box);
+}
+
+void showText(QPlainTextEdit* box, const QString& text) {
+    constexpr qsizetype longLine = 16384;
+    qsizetype longest = 0;
+    for (qsizetype from = 0; from < text.size();) {
+        const qsizetype end = text.indexOf('\n', from);
+        const qsizetype next = end < 0 ? text.size() : end + 1;
+        longest = std::max(longest, next - from);
+        from = next;
+    }
+    // For each line it breaks between words, the toolkit looks for the end of the word: a megabyte
+    // without a blank would hold the window up for more than a minute.
+    box->setWordWrapMode(longest > longLine ? QTextOption::WrapAnywhere
+                                            : QTextOption::WrapAtWordBoundaryOrAnywhere);
+    box->setPlainText(text);
 }
 
 std::string textOf(const QPlainTextEdit* box) {

@@ -47,6 +47,10 @@ QLineEdit* makeTextBox(QWidget* parent, const QString& name, const QRect& place,
 void makeReadOnly(QLineEdit* box);
 void makeReadOnly(QPlainTextEdit* box);
 
+/// Fills a multi-line box with a text of any length. Lines break between words, unless one is so
+/// long that only a server's or a file's malice can have made it.
+void showText(QPlainTextEdit* box, const QString& text);
+
 /// The text of a multi-line box with CR LF line ends. Nothing else is changed, hard blanks
 /// included.
 std::string textOf(const QPlainTextEdit* box);

@@ -2,6 +2,7 @@
 #include "desk/Host.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTest>
@@ -49,6 +50,16 @@ TEST_F(MessageEditor, TypedTextIsStoredExactlyWithCrLfAndEnterStartsALine) {
         EXPECT_EQ(findControl<QPlainTextEdit>(form, "txtMessage")->toPlainText(), " one\n\n.two ");
         form.close();
     });
+}
+
+TEST_F(MessageEditor, AMegabyteWithoutABlankDoesNotHoldTheWindowUpAndIsStoredWhole) {
+    const std::string body = "Hello\r\n" + std::string(1 << 20, 'x');
+    host.desktop().app().storeMessage({"", body});
+    QElapsedTimer timer;
+    timer.start();
+    edit([this](QWidget& form) { host.click("mnuOK", &form); });
+    EXPECT_LT(timer.elapsed(), 20000);
+    EXPECT_TRUE(stored().MessageBody == body);
 }
 
 TEST_F(MessageEditor, DefaultIsStoredByOkOnly) {
