@@ -24,6 +24,7 @@ bool waitUntil(const std::function<bool()>& condition, int longest) {
 void runPendingEvents() {
     for (int round = 0; round < 20; ++round) {
         QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 }
 

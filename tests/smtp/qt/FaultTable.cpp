@@ -49,14 +49,15 @@ std::vector<Fault> faultsAt(Point point) {
         reported("other codes",
                  {std::string(point == Point::Data ? "354" : "250") + "-a\r\n354 b\r\n"},
                  "Email sent OK", !inMessage),
-        refused("4xx", "421 <b>closing</b> & gone\r\n"),
-        refused("5xx in two lines", "552-too much\r\n552 mail data\r\n"),
-        refused("251", "251 forwarded\r\n"),
         reported("NUL and no UTF-8", {std::string("\0g\r\n\xff rest\r\n", 12)},
                  "SMTP Error: " + std::string("\0g\r\n\u00ff rest\r\n", 13)),
         refused("1 MiB refused", "554" + std::string(longReply, 'x')),
         reported("byte by byte", {first, Continue, good.substr(1)}, "SMTP Error: " + first),
-        longAccepted(point, good.substr(0, 3))};
+        longAccepted(point, good.substr(0, 3)),
+        // After those, so that the report keeps none of their memory for these lines.
+        refused("4xx", "421 <b>closing</b> & gone\r\n"),
+        refused("5xx in two lines", "552-too much\r\n552 mail data\r\n"),
+        refused("251", "251 forwarded\r\n")};
     for (Fault& fault : faults) {
         if (fault.line.size() > longReply) {
             fault.line.resize(20);

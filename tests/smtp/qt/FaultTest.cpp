@@ -137,6 +137,7 @@ TEST_P(Faults, EveryRowGetsItsLineTheNextSendWorksAndNothingIsLeftBehind) {
                 ASSERT_FALSE(HasFailure());
             }
         }
+        runPendingEvents();
         heap = warmUp ? liveHeap() : heap;
     }
     EXPECT_LE(liveHeap(), heap + heapSlack);
