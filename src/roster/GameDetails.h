@@ -30,7 +30,8 @@ struct GameDetails {
 /// Empties the four texts of a row; its tick and whether it is shown stay.
 void clearRow(PlayerSlot& row);
 
-/// Puts every text on one line, as the window's boxes hold them; a game details file can hold others.
+/// Puts every text on one line, as the window's boxes hold them; a game details file can hold
+/// others.
 void removeLineBreaks(GameDetails& game);
 
 /// What start-up and New do to the roster: every text of the window is emptied and every row
