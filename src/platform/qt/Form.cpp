@@ -115,6 +115,8 @@ void makeReadOnly(QLineEdit* box) {
 
 void makeReadOnly(QPlainTextEdit* box) {
     box->setReadOnly(true);
+    // By the mouse alone, the end of a very long text is out of reach where no scroll bar is.
+    box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     showAsReadOnly(box);
 }
 

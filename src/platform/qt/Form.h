@@ -47,8 +47,8 @@ QLineEdit* makeTextBox(QWidget* parent, const QString& name, const QRect& place,
 void makeReadOnly(QLineEdit* box);
 void makeReadOnly(QPlainTextEdit* box);
 
-/// Fills a multi-line box with a text of any length. Lines break between words, unless one is so
-/// long that only a server's or a file's malice can have made it.
+/// Fills a multi-line box with a text of any length. It wraps between words; when it has a line of
+/// more than 16,384 UTF-16 units, as only a server or a foreign file sends one, it wraps anywhere.
 void showText(QPlainTextEdit* box, const QString& text);
 
 /// The text of a multi-line box with CR LF line ends. Nothing else is changed, hard blanks

@@ -2,6 +2,7 @@
 
 #include "desk/ScriptedServer.h"
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,11 @@ struct Fault {
 };
 
 std::string nameOf(Point point);
+
+/// Names the point in the list of tests.
+inline void PrintTo(Point point, std::ostream* out) {
+    *out << nameOf(point);
+}
 
 std::vector<Fault> faultsAt(Point point);
 

@@ -4,6 +4,8 @@
 #include "smtp/qt/frmProgRept.h"
 
 #include <QElapsedTimer>
+#include <QPlainTextEdit>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace turnpost::desk {
@@ -26,10 +28,17 @@ TEST(Sending, ARefusedConnectionIsAMessageBoxAndNoReport) {
     EXPECT_EQ(host.watcher().faults(), std::vector<std::string>{});
 }
 
-TEST(SendingReport, AMegabyteWithoutABlankIsShownWholeAndDoesNotHoldTheWindowUp) {
+TEST(SendingReport, AMegabyteWithoutABlankHidesNoLineBehindItAndDoesNotHoldTheWindowUp) {
     const SendReport report = {"SMTP Error: 5" + std::string(1 << 20, '\0'), "Email sent OK"};
     ModalWatcher watcher;
-    watcher.expectReport();
+    watcher.expect("frmProgRept", [&watcher](QWidget& form) {
+        auto* text = findControl<QPlainTextEdit>(form, "txtReport");
+        QTest::keyClick(text, Qt::Key_End, Qt::ControlModifier);
+        EXPECT_TRUE(text->textCursor().atEnd());
+        EXPECT_TRUE(text->viewport()->rect().intersects(text->cursorRect()));
+        EXPECT_TRUE(text->isReadOnly());
+        watcher.readReport(form);
+    });
     QElapsedTimer timer;
     timer.start();
     frmProgRept(nullptr, report).exec();
