@@ -9,6 +9,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <cmath>
@@ -48,6 +49,12 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
         if (watched == PlaySel[index]) {
             PlaySel_MouseDown(static_cast<int>(index));
         }
+    }
+    // The second press of a double-click on a send button would start over, and mail again whom the
+    // first has reached.
+    if (event->type() == QEvent::MouseButtonDblClick &&
+        (watched == butSend || watched == Command1)) {
+        return true;
     }
     return Form::eventFilter(watched, event);
 }

@@ -59,6 +59,8 @@ class frmMain final : public Form {
     QLineEdit* txtGamePath = nullptr;
     QLabel* txtYear = nullptr;
     QFrame* Shape1 = nullptr;
+    QPushButton* Command1 = nullptr;
+    QPushButton* butSend = nullptr;
     std::array<QRadioButton*, 3> PlaySel{};
     std::array<QAction*, 4> mnuStoredG{};
     RosterRows* rows = nullptr;

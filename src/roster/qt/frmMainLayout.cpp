@@ -59,11 +59,13 @@ void frmMain::addSelection() {
 
 void frmMain::addButtons() {
     QPushButton* GameChoose = addButton("GameChoose", "Find Game", twipsRect(4680, 480, 975, 315));
-    QPushButton* Command1 = addButton("Command1", "Send via MAPI", twipsRect(5760, 60, 975, 495));
-    QPushButton* butSend = addButton("butSend", "Send via SMTP", twipsRect(6780, 60, 915, 495));
+    Command1 = addButton("Command1", "Send via MAPI", twipsRect(5760, 60, 975, 495));
+    butSend = addButton("butSend", "Send via SMTP", twipsRect(6780, 60, 915, 495));
     QPushButton* butAtch = addButton("butAtch", "Attachments", twipsRect(8280, 60, 1095, 495));
     QPushButton* butSend2 = addButton("butSend2", "Command2", twipsRect(1080, 120, 1575, 195));
     butSend2->hide();
+    Command1->installEventFilter(this);
+    butSend->installEventFilter(this);
     connect(Command1, &QPushButton::clicked, this, &frmMain::Command1_Click);
     connect(butAtch, &QPushButton::clicked, this, &frmMain::butAtch_Click);
     connect(GameChoose, &QPushButton::clicked, this, &frmMain::GameChoose_Click);

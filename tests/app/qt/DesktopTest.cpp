@@ -1,9 +1,12 @@
 #include "desk/Host.h"
+#include "fakes/FakeMail.h"
 #include "platform/Files.h"
 #include "storage/SettingsFile.h"
 
 #include <QAction>
+#include <QPushButton>
 #include <QSignalSpy>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace turnpost::desk {
@@ -38,6 +41,25 @@ TEST(DesktopProgram, BothWaysOfClosingShrinkTheWindowAndEndTheProgram) {
         EXPECT_FALSE(host.window().isVisible());
         EXPECT_LE(host.window().frameGeometry().width(), 2000 / 15);
         EXPECT_LE(host.window().height(), 30 / 15);
+    }
+}
+
+TEST(DesktopProgram, OnlyTheFirstPressOfADoubleClickSendsButADeliberateSecondOneDoesToo) {
+    FakeMail::Record calls;
+    Host host({}, [&calls](const Settings&) {
+        return MailSystem{std::make_unique<FakeMail>(calls), std::make_unique<FakeMail>(calls)};
+    });
+    host.startGame("localhost", {{1, 10}});
+    host.click("PlaySel(1)");
+    for (const char* button : {"butSend", "Command1"}) {
+        auto* control = findControl<QPushButton>(host.window(), button);
+        host.watcher().expectReport();
+        QTest::mouseDClick(host.window().windowHandle(), Qt::LeftButton, {},
+                           control->mapTo(&host.window(), QPoint(10, 10)));
+        host.watcher().expectReport();
+        host.click(button);
+        EXPECT_TRUE(host.watcher().done()) << button;
+        EXPECT_EQ(host.watcher().faults(), std::vector<std::string>{});
     }
 }
 
