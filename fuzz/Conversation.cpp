@@ -30,6 +30,11 @@ class Line final : public Socket {
     }
     std::string GetData() override { return std::exchange(waiting, {}); }
     void Close() override { open = false; }
+    std::chrono::steady_clock::duration silence() const override { return {}; }
+    void CloseWhenSent() override {
+        require(sent.back().ends_with("QUIT\r\n"), "only a finished conversation is let run out");
+        Close();
+    }
 
     void arrive(std::string bytes) {
         waiting = std::move(bytes);

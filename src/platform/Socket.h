@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 
@@ -34,6 +35,9 @@ class Socket {
     /// True from Connect until the connection is closed by either side or has failed.
     virtual bool isOpen() const = 0;
 
+    /// How long the server has said nothing: the time since its last data, or since Connect.
+    virtual std::chrono::steady_clock::duration silence() const = 0;
+
     /// Queues bytes for sending, in order. Ignored without a connection.
     virtual void SendData(const std::string& bytes) = 0;
 
@@ -44,6 +48,11 @@ class Socket {
     /// still delivered, followed by an orderly end of stream; bytes still queued are dropped, so
     /// that an unfinished message is never completed behind the sender's back.
     virtual void Close() = 0;
+
+    /// Ends the connection for its owner at once, as Close does, but keeps what is queued: all of
+    /// it goes out in the background, followed by an orderly end of stream. Given up when no byte
+    /// has moved for a minute, and at the program's end.
+    virtual void CloseWhenSent() = 0;
 };
 
 } // namespace turnpost

@@ -66,6 +66,9 @@ void SmtpSession::takeNextStep() {
         // The message is accepted; what the server says to QUIT changes nothing (RFC
         // 5321, 4.1.1.10).
         socket.SendData("QUIT\r\n");
+        // After a greeting in two arrivals every reply answers the command before; much of the
+        // message may still be queued.
+        socket.CloseWhenSent();
         report[static_cast<size_t>(state.SendCursor)] = messages::emailSent();
         butSend2_Click();
     }

@@ -14,6 +14,7 @@ class FakeSocket final : public Socket {
     /// "host:port" of each connection, and what was sent over it.
     std::vector<std::string> servers;
     std::vector<std::string> sent;
+    std::chrono::seconds silent{0};
 
     void setEvents(SocketEvents* newEvents) override { events = newEvents; }
 
@@ -35,6 +36,9 @@ class FakeSocket final : public Socket {
         open = false;
         waiting.clear();
     }
+
+    std::chrono::steady_clock::duration silence() const override { return silent; }
+    void CloseWhenSent() override { Close(); }
 
     bool isOpen() const override { return open; }
 

@@ -12,7 +12,7 @@ namespace turnpost {
 
 namespace {
 
-constexpr int longestFarewell = 60000;    // milliseconds
+constexpr int longestSilence = 60000;    // milliseconds
 constexpr int farewellAtProgramEnd = 100; // milliseconds
 
 void endSending(qintptr descriptor) {
@@ -28,12 +28,29 @@ void endSending(qintptr descriptor) {
 ClosingSocket::ClosingSocket(QTcpSocket* closedSocket, QObject* parent)
     : QObject(parent), socket(closedSocket) {
     socket->setParent(this);
-    connect(socket, &QTcpSocket::readyRead, this, [this] { socket->readAll(); });
+    connect(socket, &QTcpSocket::readyRead, this, [this] {
+        socket->readAll();
+        startWaiting();
+    });
+    connect(socket, &QTcpSocket::bytesWritten, this, [this] {
+        endSendingWhenSent();
+        startWaiting();
+    });
     connect(socket, &QTcpSocket::disconnected, this, &QObject::deleteLater);
-    // Not QTimer::singleShot, whose timer would outlive this object by the rest of the minute.
-    startTimer(longestFarewell);
-    endSending(socket->socketDescriptor());
+    startWaiting();
+    endSendingWhenSent();
     socket->readAll();
+}
+
+void ClosingSocket::endSendingWhenSent() {
+    if (socket->bytesToWrite() == 0) {
+        endSending(socket->socketDescriptor());
+    }
+}
+
+// Not QTimer::singleShot, whose timer would outlive this object by the rest of the minute.
+void ClosingSocket::startWaiting() {
+    timer.start(longestSilence, this);
 }
 
 void ClosingSocket::timerEvent(QTimerEvent*) {

@@ -11,6 +11,7 @@ namespace turnpost {
 
 void QtSocket::Connect(const std::string& host, std::uint16_t port) {
     Close();
+    lastHeard = std::chrono::steady_clock::now();
     connector = new Connector(
         toQt(host), port, [this](QTcpSocket* made) { onConnected(made); },
         [this](int number, const std::string& description) { onFailed(number, description); },
@@ -57,6 +58,7 @@ void QtSocket::deliver(const std::function<void()>& event) {
 }
 
 void QtSocket::onReadyRead() {
+    lastHeard = std::chrono::steady_clock::now();
     deliver([this] {
         if (socket->bytesAvailable() > 0) {
             events->DataArrival();
@@ -89,7 +91,7 @@ std::string QtSocket::GetData() {
     return socket == nullptr ? std::string() : socket->readAll().toStdString();
 }
 
-void QtSocket::Close() {
+void QtSocket::close(Queue queue) {
     delete std::exchange(connector, nullptr);
     if (socket == nullptr) {
         return;
@@ -97,7 +99,8 @@ void QtSocket::Close() {
     QTcpSocket* old = std::exchange(socket, nullptr);
     old->disconnect(this);
     probe.release();
-    if (old->state() == QAbstractSocket::ConnectedState && old->bytesToWrite() == 0) {
+    const bool keepsQueue = queue == Queue::Sent || old->bytesToWrite() == 0;
+    if (old->state() == QAbstractSocket::ConnectedState && keepsQueue) {
         new ClosingSocket(old, this);
     } else {
         old->abort();

@@ -19,11 +19,18 @@ class QtSocket final : public QObject, public Socket {
     void setEvents(SocketEvents* socketEvents) override { events = socketEvents; }
     void Connect(const std::string& host, std::uint16_t port) override;
     bool isOpen() const override { return connector != nullptr || (socket != nullptr && !ended); }
+    std::chrono::steady_clock::duration silence() const override {
+        return std::chrono::steady_clock::now() - lastHeard;
+    }
     void SendData(const std::string& bytes) override;
     std::string GetData() override;
-    void Close() override;
+    void Close() override { close(Queue::Dropped); }
+    void CloseWhenSent() override { close(Queue::Sent); }
 
   private:
+    enum class Queue { Dropped, Sent };
+
+    void close(Queue queue);
     void deliver(const std::function<void()>& event);
     void onConnected(QTcpSocket* made);
     void onFailed(int number, const std::string& description);
@@ -35,6 +42,7 @@ class QtSocket final : public QObject, public Socket {
     Connector* connector = nullptr;
     QTcpSocket* socket = nullptr;
     bool ended = false;
+    std::chrono::steady_clock::time_point lastHeard;
     ConnectionProbe probe;
 };
 

@@ -70,19 +70,29 @@ TEST(QtSocket, ALateAnswerToQuitMeetsNoReset) {
     EXPECT_FALSE(server.conversations()[0].wasReset);
 }
 
-TEST(QtSocket, CloseDropsWhatTheSystemHasNotTaken) {
-    ScriptedServer server([](Point point, int, const std::string&) { return goodAnswer(point); });
-    QtSocket socket;
-    Recorder seen(socket);
-    socket.Connect("127.0.0.1", server.port());
-    ASSERT_TRUE(waitUntil([&] { return !seen.arrivals.empty(); }));
-    socket.SendData("DATA\r\n");
-    ASSERT_TRUE(waitUntil([&] { return seen.arrivals.size() == 2; }));
+TEST(QtSocket, WhatTheSystemHasNotTakenIsDroppedByCloseAndOnlyByClose) {
     // More than the system's buffers hold while the server does not read.
-    socket.SendData(std::string(64 << 20, 'x') + "\r\n.\r\n");
-    socket.Close();
-    ASSERT_TRUE(waitUntil([&] { return server.conversations()[0].ended; }));
-    EXPECT_FALSE(server.conversations()[0].delivered);
+    std::string message;
+    while (message.size() < 8 << 20) {
+        message += std::string(70, 'x') + "\r\n";
+    }
+    for (const bool keeps : {false, true}) {
+        ScriptedServer server(answering(Point::Quit, {}));
+        QtSocket socket;
+        Recorder seen(socket);
+        socket.Connect("127.0.0.1", server.port());
+        ASSERT_TRUE(waitUntil([&] { return !seen.arrivals.empty(); }));
+        socket.SendData("DATA\r\n");
+        ASSERT_TRUE(waitUntil([&] { return seen.arrivals.size() == 2; }));
+        socket.SendData(message + ".\r\nQUIT\r\n");
+        keeps ? socket.CloseWhenSent() : socket.Close();
+        EXPECT_FALSE(socket.isOpen());
+        const auto& conversation = server.conversations()[0];
+        ASSERT_TRUE(waitUntil([&] { return conversation.ended; }));
+        EXPECT_EQ(conversation.delivered, keeps);
+        EXPECT_EQ(conversation.message.size() == message.size(), keeps);
+        EXPECT_EQ(seen.arrivals.size(), 2U) << "the farewell is nobody's business";
+    }
 }
 
 TEST(QtSocket, NothingOfAnOldConnectionReachesTheNewOne) {
@@ -94,12 +104,14 @@ TEST(QtSocket, NothingOfAnOldConnectionReachesTheNewOne) {
     ASSERT_TRUE(waitUntil([&] { return old.conversations().size() == 1; }));
     runPendingEvents();
     socket.Connect("127.0.0.1", next.port());
+    const auto before = std::chrono::steady_clock::now();
     old.release(0);
     ASSERT_TRUE(waitUntil([&] { return !seen.arrivals.empty(); }));
     ASSERT_TRUE(waitUntil([&] { return old.conversations()[0].ended; }));
     runPendingEvents();
     EXPECT_EQ(seen.arrivals, std::vector<std::string>{"220 test.example ready\r\n"});
     EXPECT_TRUE(seen.errors.empty());
+    EXPECT_LE(socket.silence(), std::chrono::steady_clock::now() - before);
 }
 
 } // namespace turnpost::desk
