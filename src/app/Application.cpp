@@ -42,9 +42,17 @@ void Application::newGame() {
     windows.showValues();
 }
 
+// Both ways of sending walk the rows with the same cursor.
+void Application::butSend_Click() {
+    if (delivery.isDelivering()) {
+        windows.show(messages::sendInProgress());
+        return;
+    }
+    driver.butSend_Click();
+}
+
 void Application::sendByMailSystem() {
-    // Both ways of sending walk the rows with the same cursor.
-    if (driver.isSending()) {
+    if (delivery.isDelivering() || driver.isSending()) {
         windows.show(messages::sendInProgress());
         return;
     }

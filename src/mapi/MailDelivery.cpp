@@ -17,6 +17,7 @@ void MailDelivery::deliver() {
         box.show(messages::invalidGamePath());
         return;
     }
+    delivering = true;
     if (signOn()) {
         mail.SessionID(session.SessionID());
         for (state.SendCursor = 0; state.SendCursor < rowCount; ++state.SendCursor) {
@@ -27,6 +28,7 @@ void MailDelivery::deliver() {
         box.show(messages::noMailSystem());
     }
     display.openReport();
+    delivering = false;
 }
 
 bool MailDelivery::signOn() {

@@ -27,6 +27,9 @@ class MailDelivery {
     /// gets "MAPI Error: " and the mail system's words, and the next row follows.
     void deliver();
 
+    /// True until deliver returns. A mail client may let the person press buttons meanwhile.
+    bool isDelivering() const { return delivering; }
+
   private:
     bool signOn();
     void deliverRow();
@@ -39,6 +42,7 @@ class MailDelivery {
     MailMessages& mail;
     SendDisplay& display;
     MessageBox& box;
+    bool delivering = false;
 };
 
 } // namespace turnpost

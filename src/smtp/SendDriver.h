@@ -4,7 +4,11 @@
 #include "smtp/SendDisplay.h"
 #include "smtp/SmtpSession.h"
 
+#include <chrono>
+
 namespace turnpost {
+
+inline constexpr std::chrono::seconds longestSilence{60};
 
 /// Sends the turn by SMTP: walks the 16 rows one at a time, one connection for each message. A
 /// chain of steps driven by the socket's events; nothing here waits.
@@ -27,8 +31,9 @@ class SendDriver {
     /// Closes the connection; nothing of the send happens any more.
     void abandon();
 
-    /// True while a connection is being made or is open.
-    bool isSending() const { return socket.isOpen(); }
+    /// True while a connection is being made or is open, unless the server has said nothing for
+    /// longestSilence: such a send may never end by itself.
+    bool isSending() const { return socket.isOpen() && socket.silence() < longestSilence; }
 
     SendState& sendState() { return state; }
 

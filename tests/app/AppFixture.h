@@ -50,10 +50,16 @@ class AppFixture : public testing::Test {
     FakeWindows windows;
     FakeSocket socket;
     Texts mailCalls;
+    /// What happens while the mail system takes a message.
+    std::function<void()> whileMailing = [] {};
     Application application{
         windows, socket, {program.path(), configuration.path()}, [this](const Settings&) {
-            return MailSystem{std::make_unique<FakeMail>(mailCalls),
-                              std::make_unique<FakeMail>(mailCalls)};
+            auto messages = std::make_unique<FakeMail>(mailCalls);
+            messages->inSend = [this] {
+                whileMailing();
+                return std::nullopt;
+            };
+            return MailSystem{std::make_unique<FakeMail>(mailCalls), std::move(messages)};
         }};
     const SharedValues& values = application.values();
 };

@@ -48,19 +48,42 @@ TEST_F(Commands, ASendUsesTheValuesOfNowAndEndsWithTheProgram) {
     EXPECT_EQ(socket.sent, Texts{"HELO host\r\n"});
 }
 
-TEST_F(Commands, TheMailSystemIsNotUsedWhileAConnectionIsOpenButOnceItHasClosed) {
-    application.butSend_Click();
-    application.sendByMailSystem();
-    EXPECT_EQ(windows.boxes, Texts{"A send is already in progress"});
-    EXPECT_TRUE(mailCalls.empty());
-    socket.arrive("220 ready\r\n");
-    EXPECT_EQ(socket.sent.at(0), "HELO host\r\n") << "the send must go on";
-    socket.Close();
-    application.sendByMailSystem();
-    EXPECT_EQ(windows.boxes.size(), 1U);
-    EXPECT_EQ(windows.shown.back(), "report");
-    socket.arrive("250 late\r\n");
-    EXPECT_EQ(values.report[3], "Email Generated OK");
+TEST_F(Commands, TheMailSystemTakesOverOnlyFromAServerThatIsGoneOrSilentForAMinute) {
+    for (const bool gone : {true, false}) {
+        socket.silent = std::chrono::seconds(59);
+        application.butSend_Click();
+        application.sendByMailSystem();
+        EXPECT_EQ(std::exchange(windows.boxes, {}), Texts{"A send is already in progress"});
+        EXPECT_EQ(values.report[3], "");
+        socket.arrive("220 ready\r\n");
+        EXPECT_EQ(socket.sent.back(), "HELO host\r\n") << "the send must go on";
+        if (gone) {
+            socket.Close();
+        } else {
+            socket.silent = std::chrono::seconds(60);
+        }
+        application.sendByMailSystem();
+        EXPECT_TRUE(windows.boxes.empty());
+        EXPECT_EQ(windows.shown.back(), "report");
+        EXPECT_FALSE(socket.isOpen());
+        socket.arrive("250 late\r\n");
+        EXPECT_EQ(values.report[3], "Email Generated OK");
+    }
+}
+
+TEST_F(Commands, WhileAMailClientRunsAMessageLoopOfItsOwnNeitherButtonStartsASecondSend) {
+    whileMailing = [this] {
+        application.butSend_Click();
+        application.sendByMailSystem();
+        whileMailing = [] {};
+    };
+    for (const auto& boxes : {Texts(2, "A send is already in progress"), Texts()}) {
+        application.sendByMailSystem();
+        EXPECT_EQ(std::exchange(windows.boxes, {}), boxes);
+        EXPECT_EQ(std::count(mailCalls.begin(), mailCalls.end(), "Send"), boxes.empty() ? 2 : 1);
+        EXPECT_EQ(values.report[3], "Email Generated OK");
+    }
+    EXPECT_TRUE(socket.servers.empty());
 }
 
 } // namespace turnpost
