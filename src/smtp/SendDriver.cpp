@@ -72,13 +72,15 @@ void SendDriver::showRowReached() {
 }
 
 bool SendDriver::prepareRow() {
-    state.AttachmentText.clear();
+    // Gives its memory back, too.
+    state.AttachmentText = std::string();
     const auto attach = [this](const std::string& path) {
         state.AttachmentText += UUEncode(path) + "\r\n";
     };
     const auto message = applyRowRules(inputs, state.SendCursor, Transport::Smtp, attach,
                                        report[static_cast<size_t>(state.SendCursor)]);
     if (!message) {
+        state.AttachmentText = std::string();
         return false;
     }
     state.PlayerBody = message->PlayerBody;
