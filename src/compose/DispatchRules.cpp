@@ -5,16 +5,23 @@
 #include "platform/Files.h"
 #include "platform/Messages.h"
 
+#include <filesystem>
 #include <stdexcept>
+#include <vector>
 
 namespace turnpost {
 
 namespace {
 
+struct FoundFile {
+    std::string path;
+    std::string unreadable;
+};
+
 class RowRules {
   public:
-    RowRules(Transport usedTransport, const AttachFile& attachFile, std::string& line)
-        : transport(usedTransport), attach(attachFile), ReportLine(line) {
+    RowRules(Transport usedTransport, std::string& line)
+        : transport(usedTransport), ReportLine(line) {
         ReportLine.clear();
     }
 
@@ -27,10 +34,9 @@ class RowRules {
         refusedAsPlayer = RowRefused;
     }
 
-    // SMTP lists every missing file of a player it would write to; MAPI stops at the first.
     void checkGameFile(const std::string& path, const std::string& notFound,
                        const std::string& unreadable) {
-        if (transport == Transport::Smtp ? !refusedAsPlayer : !RowRefused) {
+        if (looksFurther()) {
             checkFile(path, notFound, unreadable);
         }
     }
@@ -40,6 +46,24 @@ class RowRules {
         if (!path.empty() && (transport == Transport::Mapi || !refusedAsPlayer)) {
             checkFile(path, messages::extraFileNotFound(entry),
                       messages::extraFileUnreadable(entry));
+        }
+    }
+
+    void checkSize() {
+        if (looksFurther() && foundBytes > mostAttachedBytes) {
+            refuse(messages::messageTooLong());
+        }
+    }
+
+    // Up to the first that cannot be read any more.
+    void attachFiles(const AttachFile& attach) {
+        for (const FoundFile& file : files) {
+            try {
+                attach(file.path);
+            } catch (const FileError&) {
+                refuse(file.unreadable);
+                return;
+            }
         }
     }
 
@@ -54,22 +78,41 @@ class RowRules {
     }
 
   private:
+    // SMTP lists everything that is wrong for a player it would write to; MAPI stops at the first.
+    bool looksFurther() const {
+        return transport == Transport::Smtp ? !refusedAsPlayer : !RowRefused;
+    }
+
     void checkFile(const std::string& path, const std::string& notFound,
                    const std::string& unreadable) {
-        if (!findFile(path)) {
+        const auto found = findFile(path);
+        if (!found) {
             refuse(notFound);
             return;
         }
-        try {
-            attach(path);
-        } catch (const FileError&) {
+        std::error_code error;
+        const std::uintmax_t size = std::filesystem::file_size(toNativePath(*found), error);
+        if (error || !isReadable(path)) {
             refuse(unreadable);
+            return;
+        }
+        foundBytes += size;
+        files.push_back({path, unreadable});
+    }
+
+    static bool isReadable(const std::string& path) {
+        try {
+            readFile(path, 1);
+            return true;
+        } catch (const FileError&) {
+            return false;
         }
     }
 
     Transport transport;
-    const AttachFile& attach;
     std::string& ReportLine;
+    std::vector<FoundFile> files;
+    std::uintmax_t foundBytes = 0;
     bool RowRefused = false;
     bool refusedAsPlayer = false;
 };
@@ -86,7 +129,7 @@ std::optional<RowMessage> applyRowRules(const DispatchInputs& inputs, int row, T
                                         const AttachFile& attach, std::string& ReportLine) {
     const GameDetails& game = inputs.game;
     const PlayerSlot& player = game.rows[static_cast<size_t>(row)];
-    RowRules rules(transport, attach, ReportLine);
+    RowRules rules(transport, ReportLine);
     rules.checkPlayer(player);
     if (inputs.attachments.SendMFiles == 1) {
         rules.checkGameFile(game.GamePath + player.GameFile, messages::turnFileNotFound(row),
@@ -99,21 +142,21 @@ std::optional<RowMessage> applyRowRules(const DispatchInputs& inputs, int row, T
     for (size_t entry = 0; entry < inputs.attachments.ExtraAttachments.size(); ++entry) {
         rules.checkExtraFile(inputs.attachments.ExtraAttachments[entry], static_cast<int>(entry));
     }
-    if (rules.refused()) {
-        return std::nullopt;
+    rules.checkSize();
+    RowMessage message;
+    if (!rules.refused()) {
+        const auto expand = [&](const std::string& text) {
+            return ExpandTemplate(text, game.GameName, row, player.PlayerName, game.GameYear);
+        };
+        try {
+            message.PlayerBody = expand(inputs.message.MessageBody);
+            message.PlayerSubject = expand(inputs.message.MessageSubject);
+            rules.attachFiles(attach);
+        } catch (const std::length_error&) {
+            rules.refuse(messages::messageTooLong());
+        }
     }
-    const auto expand = [&](const std::string& text) {
-        return ExpandTemplate(text, game.GameName, row, player.PlayerName, game.GameYear);
-    };
-    try {
-        RowMessage message;
-        message.PlayerBody = expand(inputs.message.MessageBody);
-        message.PlayerSubject = expand(inputs.message.MessageSubject);
-        return message;
-    } catch (const std::length_error&) {
-        rules.refuse(messages::messageTooLong());
-        return std::nullopt;
-    }
+    return rules.refused() ? std::nullopt : std::optional(std::move(message));
 }
 
 } // namespace turnpost

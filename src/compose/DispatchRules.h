@@ -5,6 +5,7 @@
 #include "compose/SendReport.h"
 #include "roster/GameDetails.h"
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -27,17 +28,22 @@ struct RowMessage {
     std::string PlayerSubject;
 };
 
-/// Takes one file of the row, in sending order: turn file, universe file, extra files. Throws
-/// FileError when the file cannot be read.
+/// What the files of one message may have together, in bytes. Few mail servers take half of it.
+inline constexpr std::uintmax_t mostAttachedBytes = std::uintmax_t{64} << 20;
+
+/// Takes one file of a row that gets a message, in sending order: turn file, universe file, extra
+/// files. Throws FileError when the file cannot be read.
 using AttachFile = std::function<void(const std::string& path)>;
 
 /// The universe file that belongs to a turn file: the folder, then the turn file's name up to its
 /// first ".", then "XY".
 std::string universeFile(const std::string& gamePath, const std::string& gameFile);
 
-/// Decides one row (0 to 15): writes its line of the report, hands every file that is found to
-/// `attach`, and gives the row's texts. Nothing when the row is refused; its line then says every
-/// reason that the transport looks for, and files already attached must be thrown away.
+/// Decides one row (0 to 15): writes its line of the report, hands every file to `attach`, and
+/// gives the row's texts. Nothing when the row is refused; its line then says every reason that the
+/// transport looks for. No file is attached before all else has been decided: a message of any size
+/// that is refused costs no memory. Files already attached when a later one cannot be read must be
+/// thrown away.
 std::optional<RowMessage> applyRowRules(const DispatchInputs& inputs, int row, Transport transport,
                                         const AttachFile& attach, std::string& ReportLine);
 

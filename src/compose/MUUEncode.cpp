@@ -37,7 +37,8 @@ std::string uuencodedBlock(std::string_view name, std::string_view bytes) {
     for (size_t from = 0; from <= bytes.size(); from += bytesPerLine) {
         appendLine(block, bytes.substr(from, bytesPerLine));
     }
-    return block += "`\r\nend\r\n";
+    block += "`\r\nend\r\n";
+    return block;
 }
 
 std::string UUEncode(const std::string& path) {

@@ -1,6 +1,5 @@
 #include "mapi/MailDelivery.h"
 
-#include "platform/Files.h"
 #include "platform/Messages.h"
 
 namespace turnpost {
@@ -43,11 +42,8 @@ bool MailDelivery::signOn() {
 
 void MailDelivery::deliverRow() {
     std::vector<std::string> files;
-    const auto attach = [&files](const std::string& path) {
-        // The mail system reads the file itself; one that it can't read has to refuse the row now.
-        readFile(path, 1);
-        files.push_back(path);
-    };
+    // The mail system reads the file itself.
+    const auto attach = [&files](const std::string& path) { files.push_back(path); };
     std::string& ReportLine = report[static_cast<size_t>(state.SendCursor)];
     const auto message =
         applyRowRules(inputs, state.SendCursor, Transport::Mapi, attach, ReportLine);

@@ -3,7 +3,7 @@
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <glib.h>
+#include <gmime/gmime.h>
 #include <memory>
 
 namespace turnpost {
@@ -30,6 +30,42 @@ std::string encodedWord(const std::string& bytes) {
 
 bool continuesCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+bool isAscii(const std::string& text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80U; });
+}
+
+// True when nothing in the text ends the address and starts something else.
+bool isOneAddress(const std::string& address) {
+    bool quoted = false;
+    bool escaped = false;
+    const auto belongs = [&](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        const bool taken = escaped;
+        escaped = quoted && !taken && c == '\\';
+        if (c == '"' && !taken) {
+            quoted = !quoted;
+        }
+        const bool control = byte < ' ' || byte == 0x7F;
+        return !control && (quoted || std::string_view(" ,;<>()\\").find(c) == std::string::npos);
+    };
+    return !address.empty() && std::all_of(address.begin(), address.end(), belongs) && !quoted;
+}
+
+// Empty when there is none. A character may have a form that is no part of a domain: the wide comma
+// becomes the comma that separates two addresses.
+std::string asciiDomain(const std::string& domain) {
+    InternetAddress* const mailbox = internet_address_mailbox_new(nullptr, ("x@" + domain).c_str());
+    const std::string address =
+        internet_address_mailbox_get_idn_addr(INTERNET_ADDRESS_MAILBOX(mailbox));
+    g_object_unref(mailbox);
+    const std::string form = address.substr(address.find('@') + 1);
+    const auto belongs = [](char c) {
+        return g_ascii_isalnum(c) || c == '-' || c == '.' || c == '_';
+    };
+    return std::all_of(form.begin(), form.end(), belongs) ? form : std::string();
 }
 
 } // namespace
@@ -60,21 +96,21 @@ std::string headerText(const std::string& value) {
     return words;
 }
 
-bool isOneAddress(const std::string& text) {
-    const std::string address = trimSpaces(text);
-    bool quoted = false;
-    bool escaped = false;
-    const auto belongs = [&](char c) {
-        const auto byte = static_cast<unsigned char>(c);
-        const bool taken = escaped;
-        escaped = quoted && !taken && c == '\\';
-        if (c == '"' && !taken) {
-            quoted = !quoted;
-        }
-        const bool control = byte < ' ' || byte == 0x7F;
-        return !control && (quoted || std::string_view(" ,;<>()\\").find(c) == std::string::npos);
-    };
-    return !address.empty() && std::all_of(address.begin(), address.end(), belongs) && !quoted;
+std::optional<std::string> mailAddress(const std::string& text) {
+    std::string address = trimSpaces(text);
+    if (!isOneAddress(address)) {
+        return std::nullopt;
+    }
+    const size_t at = address.rfind('@');
+    if (at == std::string::npos || isAscii(address.substr(at))) {
+        return address;
+    }
+    const std::string local = address.substr(0, at + 1);
+    const std::string domain = asciiDomain(address.substr(at + 1));
+    if (domain.empty()) {
+        return std::nullopt;
+    }
+    return isAscii(local) ? local + domain : address;
 }
 
 } // namespace turnpost

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace turnpost {
@@ -8,9 +9,12 @@ namespace turnpost {
 /// encoded words (RFC 2047). Line breaks become blanks; apart from that it comes back unchanged.
 std::string headerText(const std::string& value);
 
-/// True when the text is one e-mail address as a header field or a mail program takes it, without a
-/// name: nothing in it ends the address and starts something else. Whether the address exists, or
-/// could, is for the mail system to say. Blanks around it do not count.
-bool isOneAddress(const std::string& text);
+/// The address as a header field and a mail program take it, without the blanks around it: with the
+/// domain in its ASCII form (RFC 5891), which every mail system knows. One whose local part is not
+/// ASCII stays as it is: only a mail system that takes all of it can deliver it. Nothing when the
+/// text is not one address, so that a part of it would end the address and start something else, or
+/// when its domain has no ASCII form: such mail is taken and then lost. Whether the address exists,
+/// or could, is for the mail system to say.
+std::optional<std::string> mailAddress(const std::string& text);
 
 } // namespace turnpost

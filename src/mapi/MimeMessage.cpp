@@ -62,24 +62,26 @@ Owned<GMimePart> textPart(const std::string& text) {
     return part;
 }
 
-Owned<GMimePart> filePart(const MimeFile& file) {
+// The part has the bytes from then on.
+Owned<GMimePart> filePart(MimeFile& file) {
     auto part = own(g_mime_part_new_with_type("application", "octet-stream"));
     g_mime_part_set_filename(part.get(), oneLine(file.name).c_str());
     g_mime_part_set_content_encoding(part.get(), GMIME_CONTENT_ENCODING_BASE64);
     setContent(part.get(), file.bytes, GMIME_CONTENT_ENCODING_DEFAULT);
+    std::string().swap(file.bytes);
     return part;
 }
 
 void addAddress(GMimeMessage* message, GMimeAddressType field, const MimeAddress& address) {
     g_mime_message_add_mailbox(message, field, headerText(address.name).c_str(),
-                               trimSpaces(oneLine(address.address)).c_str());
+                               address.address.c_str());
 }
 
 void setIdentity(GMimeMessage* message, const std::string& sender) {
     const auto now = own(g_date_time_new_now_local());
     g_mime_message_set_date(message, now.get());
     // The domain in the form that is ASCII in every language.
-    const auto mailbox = own(internet_address_mailbox_new(nullptr, trimSpaces(sender).c_str()));
+    const auto mailbox = own(internet_address_mailbox_new(nullptr, sender.c_str()));
     const std::string address =
         internet_address_mailbox_get_idn_addr(INTERNET_ADDRESS_MAILBOX(mailbox.get()));
     const size_t at = address.rfind('@');
@@ -88,7 +90,7 @@ void setIdentity(GMimeMessage* message, const std::string& sender) {
     g_mime_message_set_message_id(message, identifier.get());
 }
 
-void setBody(GMimeMessage* message, const MimeMessage& values) {
+void setBody(GMimeMessage* message, MimeMessage& values) {
     const auto text = textPart(values.text);
     if (values.files.empty()) {
         g_mime_message_set_mime_part(message, GMIME_OBJECT(text.get()));
@@ -96,7 +98,7 @@ void setBody(GMimeMessage* message, const MimeMessage& values) {
     }
     const auto parts = own(g_mime_multipart_new_with_subtype("mixed"));
     g_mime_multipart_add(parts.get(), GMIME_OBJECT(text.get()));
-    for (const MimeFile& file : values.files) {
+    for (MimeFile& file : values.files) {
         g_mime_multipart_add(parts.get(), GMIME_OBJECT(filePart(file).get()));
     }
     g_mime_message_set_mime_part(message, GMIME_OBJECT(parts.get()));
@@ -109,9 +111,9 @@ void initialise() {
 
 } // namespace
 
-std::string mimeBytes(const MimeMessage& values) {
+std::string mimeBytes(MimeMessage values) {
     initialise();
-    const auto message = own(g_mime_message_new(true));
+    auto message = own(g_mime_message_new(true));
     if (!values.from.address.empty()) {
         addAddress(message.get(), GMIME_ADDRESS_TYPE_FROM, values.from);
     }
@@ -123,9 +125,17 @@ std::string mimeBytes(const MimeMessage& values) {
     }
     g_mime_message_set_subject(message.get(), headerText(values.subject).c_str(), "utf-8");
     setIdentity(message.get(), values.from.address);
+    size_t room = 0;
+    for (const MimeFile& file : values.files) {
+        room += file.bytes.size() * 3 / 2;
+    }
     setBody(message.get(), values);
-    const auto memory = own(g_mime_stream_mem_new());
+    // All at once: what growing leaves behind would count as well.
+    const auto memory = own(
+        g_mime_stream_mem_new_with_byte_array(g_byte_array_sized_new(static_cast<guint>(room))));
+    g_mime_stream_mem_set_owner(GMIME_STREAM_MEM(memory.get()), true);
     g_mime_object_write_to_stream(GMIME_OBJECT(message.get()), nullptr, memory.get());
+    message.reset();
     return bytesOf(memory);
 }
 

@@ -27,10 +27,11 @@ struct MimeMessage {
     std::vector<MimeFile> files;
 };
 
-/// The message as bytes, lines ending in LF, dated now and with an identifier of its own. For each
-/// address isOneAddress (MimeHeader.h) must hold; line breaks in names and the subject become
-/// blanks. The text comes back exactly, with each line break (CR LF, CR or LF) as the line break of
-/// mail; the files come back byte for byte.
-std::string mimeBytes(const MimeMessage& message);
+/// The message as bytes, lines ending in LF, dated now and with an identifier of its own. Each
+/// address must be as mailAddress (MimeHeader.h) gives it; line breaks in names and the subject
+/// become blanks. The text comes back exactly, with each line break (CR LF, CR or LF) as the line
+/// break of mail; the files come back byte for byte. At its end it takes twice the memory of what
+/// it gives; one that is moved in is taken apart on the way.
+std::string mimeBytes(MimeMessage message);
 
 } // namespace turnpost

@@ -4,6 +4,7 @@
 #include "platform/Messages.h"
 
 #include <cstring>
+#include <deque>
 #include <sstream>
 #include <system_error>
 
@@ -11,17 +12,22 @@ namespace turnpost {
 
 namespace {
 
-std::string firstLines(const std::string& errorText) {
-    constexpr int mostLines = 3;
-    std::string text;
-    std::istringstream lines(fromWireBytes(errorText));
-    int taken = 0;
-    for (std::string line; taken < mostLines && std::getline(lines, line);) {
+std::string lastLines(const std::string& written) {
+    constexpr size_t mostLines = 5;
+    std::deque<std::string> kept;
+    std::istringstream lines(written);
+    for (std::string line; std::getline(lines, line);) {
         line.erase(line.find_last_not_of(" \t\r") + 1);
         if (!line.empty()) {
-            text.append(taken > 0 ? "\r\n" : "").append(line);
-            ++taken;
+            kept.push_back(line);
         }
+        if (kept.size() > mostLines) {
+            kept.pop_front();
+        }
+    }
+    std::string text;
+    for (const std::string& line : kept) {
+        text.append(text.empty() ? "" : "\r\n").append(fromWireBytes(line));
     }
     return text;
 }
@@ -48,8 +54,14 @@ std::optional<std::string> sendmailFailure(const ProgramEnd& end, const std::str
     if (end.kind == ProgramEnd::Kind::Exited && end.number == 0) {
         return std::nullopt;
     }
-    const std::string words = firstLines(end.errorText);
-    return words.empty() ? howItEnded(end, program, limit) : words;
+    std::string words = lastLines(end.errorText);
+    if (words.empty()) {
+        words = lastLines(end.outputText);
+    }
+    if (words.empty() || end.kind != ProgramEnd::Kind::Exited) {
+        words.append(words.empty() ? "" : "\r\n").append(howItEnded(end, program, limit));
+    }
+    return words;
 }
 
 } // namespace turnpost

@@ -7,8 +7,9 @@
 
 namespace turnpost {
 
-/// Nothing when the sendmail program has taken the message. Else why not: the first three lines
-/// with text that it wrote to standard error, joined by CR LF; where it wrote none, how it ended.
+/// Nothing when the sendmail program has taken the message. Else why not: the last five lines with
+/// text that it wrote to standard error, else to standard output, joined by CR LF. How it ended
+/// follows where that was not by itself, and stands alone where it wrote nothing.
 std::optional<std::string> sendmailFailure(const ProgramEnd& end, const std::string& program,
                                            std::chrono::milliseconds limit);
 

@@ -11,6 +11,13 @@
 
 namespace turnpost {
 
+namespace {
+
+// Of a line so slow that it hardly is one.
+constexpr size_t bytesPerSecond = 10000;
+
+} // namespace
+
 SendmailMessages::SendmailMessages(const Settings& senderSettings,
                                    const SendmailSession& mailSession,
                                    std::chrono::milliseconds longest)
@@ -20,35 +27,43 @@ std::optional<std::string> SendmailMessages::Send() {
     if (sessionId == 0 || sessionId != session.SessionID()) {
         return messages::noMailSystem();
     }
-    if (const auto refused = refusedAddress()) {
-        return messages::notOneAddress(*refused);
+    if (auto refused = takeAddresses()) {
+        return refused;
     }
     try {
-        const ProgramEnd end =
-            runProgram(session.program(), arguments(), mimeBytes(message()), limit);
-        return sendmailFailure(end, session.program(), limit);
+        const std::string bytes = mimeBytes(message());
+        const auto longest = limit + std::chrono::seconds(bytes.size() / bytesPerSecond);
+        return sendmailFailure(runProgram(session.program(), arguments(), bytes, longest),
+                               session.program(), longest);
     } catch (const FileError& error) {
         return messages::cannotRead(error.path(), error.reason());
     }
 }
 
-std::optional<std::string> SendmailMessages::refusedAddress() const {
-    // A mail system takes an argument apart as it does a header field: one that holds two addresses
-    // would be mail to somebody whom nobody has named.
-    for (const MailRecipient& named : recipients) {
-        if (!isOneAddress(named.RecipAddress)) {
-            return named.RecipAddress;
+// Gives what is wrong with one of them. A mail system takes an argument apart as it does a header
+// field: one that holds two addresses would be mail to somebody whom nobody has named.
+std::optional<std::string> SendmailMessages::takeAddresses() {
+    for (MailRecipient& named : recipients) {
+        const auto address = mailAddress(named.RecipAddress);
+        if (!address) {
+            return messages::notOneAddress(named.RecipAddress);
         }
+        named.RecipAddress = *address;
     }
-    if (!trimSpaces(settings.HostEmail).empty() && !isOneAddress(settings.HostEmail)) {
-        return settings.HostEmail;
+    sender = trimSpaces(settings.HostEmail);
+    if (!sender.empty()) {
+        const auto address = mailAddress(sender);
+        if (!address) {
+            return messages::hostNotOneAddress(settings.HostEmail);
+        }
+        sender = *address;
     }
     return std::nullopt;
 }
 
 MimeMessage SendmailMessages::message() const {
     MimeMessage values;
-    values.from = {settings.HostName, trimSpaces(settings.HostEmail)};
+    values.from = {settings.HostName, sender};
     for (const MailRecipient& named : recipients) {
         auto& field = named.RecipType == copyRecipient ? values.cc : values.to;
         field.push_back({named.RecipDisplayName, named.RecipAddress});
@@ -66,13 +81,12 @@ MimeMessage SendmailMessages::message() const {
 std::vector<std::string> SendmailMessages::arguments() const {
     // -i: a line with a single period is not the message's end.
     std::vector<std::string> words{"-i"};
-    const std::string sender = trimSpaces(settings.HostEmail);
     if (!sender.empty() && sender.front() != '-') {
         words.insert(words.end(), {"-f", sender});
     }
     words.emplace_back("--");
     for (const MailRecipient& named : recipients) {
-        words.push_back(trimSpaces(named.RecipAddress));
+        words.push_back(named.RecipAddress);
     }
     return words;
 }

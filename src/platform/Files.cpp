@@ -107,8 +107,9 @@ std::string readFile(const std::string& path, size_t limit) {
         throw FileError(*found, std::error_code(code, std::generic_category()));
     };
     std::error_code error;
-    const bool whole = limit == std::string::npos;
-    if (whole && fs::file_size(toNativePath(*found), error) > mostFileBytes && !error) {
+    const std::uintmax_t size = fs::file_size(toNativePath(*found), error);
+    const bool sizedWhole = limit == std::string::npos && !error;
+    if (sizedWhole && size > mostFileBytes) {
         throw FileError(*found, std::make_error_code(std::errc::file_too_large));
     }
     errno = 0;
@@ -117,6 +118,8 @@ std::string readFile(const std::string& path, size_t limit) {
         fail();
     }
     std::string bytes;
+    // Growing step by step would take several times the memory.
+    bytes.reserve(sizedWhole ? static_cast<size_t>(size) : 0);
     char buffer[16384];
     while (bytes.size() < limit && (file.read(buffer, sizeof buffer) || file.gcount() > 0)) {
         bytes.append(buffer, static_cast<size_t>(file.gcount()));

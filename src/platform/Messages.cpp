@@ -268,6 +268,10 @@ std::string notOneAddress(std::string_view address) {
     return join("This is not one e-mail address: ", address);
 }
 
+std::string hostNotOneAddress(std::string_view address) {
+    return join("Your own address is not one e-mail address: ", address);
+}
+
 std::string reportPrefix(int row) {
     return "Player " + std::to_string(row + 1) + ": ";
 }

@@ -60,7 +60,9 @@ std::string mailExitStatus(int status);
 std::string mailSignal(int number, std::string_view description);
 std::string mailTimeout(long long seconds);
 std::string cannotStart(std::string_view path, std::string_view reason);
+/// An address that no mail can go to, of a player or of the host.
 std::string notOneAddress(std::string_view address);
+std::string hostNotOneAddress(std::string_view address);
 
 /// What stands before row i's outcome in the report.
 std::string reportPrefix(int row);

@@ -1,4 +1,3 @@
-#include "platform/Descriptor.h"
 #include "platform/RunProgram.h"
 #include "platform/RunningProgram.h"
 
@@ -12,19 +11,6 @@
 namespace turnpost {
 
 namespace {
-
-struct Pipe {
-    Descriptor reading;
-    Descriptor writing;
-
-    bool open() {
-        std::array<int, 2> ends{-1, -1};
-        const bool opened = pipe2(ends.data(), O_CLOEXEC) == 0;
-        reading = Descriptor(ends[0]);
-        writing = Descriptor(ends[1]);
-        return opened;
-    }
-};
 
 // While it lives, a write to a program that has closed its input fails instead of ending this
 // process, and an ended program can be asked for its status whatever this process inherited.
@@ -64,7 +50,7 @@ class Signals {
 
 // Gives an error number, 0 when the program runs.
 int start(const std::string& program, const std::vector<std::string>& arguments, int input,
-          int errors, pid_t& child) {
+          int output, int errors, pid_t& child) {
     std::vector<char*> words{const_cast<char*>(program.c_str())};
     for (const std::string& argument : arguments) {
         words.push_back(const_cast<char*>(argument.c_str()));
@@ -79,14 +65,14 @@ int start(const std::string& program, const std::vector<std::string>& arguments,
     // numbers, and the input's is the only one that can be among them.
     int error = posix_spawn_file_actions_adddup2(&files, input, STDIN_FILENO);
     if (error == 0) {
-        error = posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        error = posix_spawn_file_actions_adddup2(&files, output, STDOUT_FILENO);
     }
     if (error == 0) {
         error = posix_spawn_file_actions_adddup2(&files, errors, STDERR_FILENO);
     }
-    // A group of its own, so that all of it can be killed.
-    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGDEF |
-                                              POSIX_SPAWN_SETSIGMASK);
+    // A session of its own has no terminal, and is a group of its own that can be killed as one.
+    posix_spawnattr_setflags(&attributes,
+                             POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
     sigset_t set;
     sigemptyset(&set);
     posix_spawnattr_setsigmask(&attributes, &set);
@@ -105,22 +91,27 @@ int start(const std::string& program, const std::vector<std::string>& arguments,
 ProgramEnd runProgram(const std::string& program, const std::vector<std::string>& arguments,
                       const std::string& input, std::chrono::milliseconds longest) {
     const Signals signals;
-    Pipe inputPipe;
-    Pipe errorPipe;
     ProgramEnd notStarted;
-    if (!inputPipe.open() || !errorPipe.open()) {
+    std::array<int, 2> ends{-1, -1};
+    // First, so that no other pipe gets a number below its own.
+    const bool opened = pipe2(ends.data(), O_CLOEXEC) == 0;
+    Descriptor inputReading(ends[0]);
+    Descriptor inputWriting(ends[1]);
+    ProgramOutput output;
+    ProgramOutput errors;
+    if (!opened || !output.open() || !errors.open()) {
         notStarted.number = errno;
         return notStarted;
     }
     pid_t child = 0;
-    notStarted.number =
-        start(program, arguments, inputPipe.reading.get(), errorPipe.writing.get(), child);
+    notStarted.number = start(program, arguments, inputReading.get(), output.writingEnd(),
+                              errors.writingEnd(), child);
     if (notStarted.number != 0) {
         return notStarted;
     }
-    inputPipe.reading.close();
-    errorPipe.writing.close();
-    return RunningProgram(child, std::move(inputPipe.writing), std::move(errorPipe.reading), input)
+    inputReading.close();
+    return RunningProgram(child, std::move(inputWriting), std::move(output), std::move(errors),
+                          input)
         .wait(longest);
 }
 

@@ -16,7 +16,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-constexpr size_t keptErrorText = 65536;
 constexpr milliseconds longestKill{5000};
 constexpr milliseconds longestPoll{60000};
 // How often an end is looked for where the system can't announce it.
@@ -32,12 +31,11 @@ Descriptor noticeOfEnd([[maybe_unused]] pid_t child) {
 
 } // namespace
 
-RunningProgram::RunningProgram(pid_t startedChild, Descriptor inputPipe, Descriptor errorPipe,
-                               const std::string& inputBytes)
-    : child(startedChild), input(std::move(inputPipe)), errors(std::move(errorPipe)),
-      endNotice(noticeOfEnd(startedChild)), bytes(inputBytes) {
+RunningProgram::RunningProgram(pid_t startedChild, Descriptor inputPipe, ProgramOutput outputPipe,
+                               ProgramOutput errorPipe, const std::string& inputBytes)
+    : child(startedChild), input(std::move(inputPipe)), output(std::move(outputPipe)),
+      errors(std::move(errorPipe)), endNotice(noticeOfEnd(startedChild)), bytes(inputBytes) {
     fcntl(input.get(), F_SETFL, O_NONBLOCK);
-    fcntl(errors.get(), F_SETFL, O_NONBLOCK);
 }
 
 ProgramEnd RunningProgram::wait(milliseconds longest) {
@@ -55,9 +53,8 @@ ProgramEnd RunningProgram::wait(milliseconds longest) {
             break;
         }
     }
-    // What it wrote last. A program that it left behind may go on writing.
-    while (end.errorText.size() < keptErrorText && readErrors()) {
-    }
+    end.outputText = output.finish();
+    end.errorText = errors.finish();
     if (killed && end.kind != ProgramEnd::Kind::Exited) {
         end.kind = ProgramEnd::Kind::TimedOut;
     }
@@ -78,8 +75,9 @@ bool RunningProgram::hasEnded() {
 }
 
 void RunningProgram::exchange(milliseconds timeLeft) {
-    std::array<pollfd, 3> places{pollfd{input.get(), POLLOUT, 0}, pollfd{errors.get(), POLLIN, 0},
-                                 pollfd{endNotice.get(), POLLIN, 0}};
+    std::array<pollfd, 4> places{
+        pollfd{input.get(), POLLOUT, 0}, pollfd{output.readingEnd(), POLLIN, 0},
+        pollfd{errors.readingEnd(), POLLIN, 0}, pollfd{endNotice.get(), POLLIN, 0}};
     const auto longest = std::min(timeLeft, endNotice.get() < 0 ? unannouncedEnd : longestPoll);
     if (poll(places.data(), places.size(), static_cast<int>(longest.count())) <= 0) {
         return;
@@ -88,7 +86,10 @@ void RunningProgram::exchange(milliseconds timeLeft) {
         writeInput();
     }
     if (places[1].revents != 0) {
-        readErrors();
+        output.read();
+    }
+    if (places[2].revents != 0) {
+        errors.read();
     }
 }
 
@@ -101,19 +102,6 @@ void RunningProgram::writeInput() {
     if (refused || written == bytes.size()) {
         input.close();
     }
-}
-
-// True when there may be more.
-bool RunningProgram::readErrors() {
-    std::array<char, 4096> buffer{};
-    const ssize_t count = read(errors.get(), buffer.data(), buffer.size());
-    if (count > 0) {
-        const size_t room = keptErrorText - end.errorText.size();
-        end.errorText.append(buffer.data(), std::min(room, static_cast<size_t>(count)));
-    } else if (count == 0) {
-        errors.close();
-    }
-    return count > 0 || (count < 0 && errno == EINTR);
 }
 
 } // namespace turnpost

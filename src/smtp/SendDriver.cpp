@@ -72,13 +72,15 @@ void SendDriver::showRowReached() {
 }
 
 bool SendDriver::prepareRow() {
-    state.AttachmentText.clear();
+    // Gives its memory back, too; clear() does not.
+    std::string().swap(state.AttachmentText);
     const auto attach = [this](const std::string& path) {
         state.AttachmentText += UUEncode(path) + "\r\n";
     };
     const auto message = applyRowRules(inputs, state.SendCursor, Transport::Smtp, attach,
                                        report[static_cast<size_t>(state.SendCursor)]);
     if (!message) {
+        std::string().swap(state.AttachmentText);
         return false;
     }
     state.PlayerBody = message->PlayerBody;

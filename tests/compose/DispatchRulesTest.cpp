@@ -92,7 +92,7 @@ TEST_F(DispatchRules, SmtpListsEveryMissingFileAndMapiStopsAtTheTurnFileButForEx
     expectBoth("XY file not found ");
     remove("GAME.M3");
     expectBoth("M3file not found \r\nXY file not found ", "M3file not found ");
-    remove("EXTRA0");
+    attachments.ExtraAttachments[0] = temp.path();
     remove("EXTRA2");
     const std::string extra = "\r\nFile 0 not found \r\nFile 2 not found ";
     expectBoth("M3file not found \r\nXY file not found " + extra, "M3file not found " + extra);
@@ -107,9 +107,23 @@ TEST_F(DispatchRules, AFileThatCannotBeReadRefusesTheRowWithItsOwnFinding) {
     expectBoth("XY file cannot be read ");
     unreadable = "EXTRA2";
     expectBoth("File 2 cannot be read ");
-    unreadable = "GAME.M3";
-    remove("GAME.XY");
+#ifndef _WIN32
+    game.GamePath = "/proc/self/";
+    player.GameFile = "mem";
     expectBoth("M3file cannot be read \r\nXY file not found ", "M3file cannot be read ");
+#endif
+}
+
+TEST_F(DispatchRules, FilesThatAreTooLongTogetherRefuseTheRowBeforeAnyIsTaken) {
+    const auto extra = toNativePath(temp.path("EXTRA0"));
+    std::filesystem::resize_file(extra, (64U << 20) - 3);
+    expectBoth(sent);
+    std::filesystem::resize_file(extra, (64U << 20) - 2);
+    expectBoth("Message too long");
+    EXPECT_EQ(attached, Names());
+    attachments.ExtraAttachments[1] = attachments.ExtraAttachments[2];
+    remove("GAME.M3");
+    expectBoth("M3file not found \r\nMessage too long", "M3file not found ");
 }
 
 TEST_F(DispatchRules, PlaceholdersThatMultiplyFillNoMemoryButAreReported) {
@@ -122,12 +136,6 @@ TEST_F(DispatchRules, PlaceholdersThatMultiplyFillNoMemoryButAreReported) {
     expectBoth("Message too long");
     player.PlayerName = "R e d";
     EXPECT_EQ(outcome(Transport::Smtp).size(), 3005U * 3000U);
-}
-
-TEST_F(DispatchRules, AFolderInTheFilesPlaceCountsAsNotFound) {
-    attachments = {1, 0, {"", temp.path(), ""}};
-    player.GameFile.clear();
-    expectBoth("M3file not found \r\nFile 1 not found ");
 }
 
 TEST_F(DispatchRules, UniverseFileNameIsCutAtTheFirstPeriod) {
