@@ -19,8 +19,12 @@ void MailDelivery::deliver() {
     delivering = true;
     if (signOn()) {
         mail.SessionID(session.SessionID());
+        // As they stand now: a mail client may let the host change the game meanwhile.
+        const GameDetails game = inputs.game;
+        const MessageTemplate message = inputs.message;
+        const AttachmentChoices attachments = inputs.attachments;
         for (state.SendCursor = 0; state.SendCursor < rowCount; ++state.SendCursor) {
-            deliverRow();
+            deliverRow({game, message, attachments});
         }
         session.SignOff();
     } else {
@@ -40,17 +44,16 @@ bool MailDelivery::signOn() {
     return session.SessionID() != 0;
 }
 
-void MailDelivery::deliverRow() {
+void MailDelivery::deliverRow(const DispatchInputs& row) {
     std::vector<std::string> files;
     // The mail system reads the file itself.
     const auto attach = [&files](const std::string& path) { files.push_back(path); };
     std::string& ReportLine = report[static_cast<size_t>(state.SendCursor)];
-    const auto message =
-        applyRowRules(inputs, state.SendCursor, Transport::Mapi, attach, ReportLine);
+    const auto message = applyRowRules(row, state.SendCursor, Transport::Mapi, attach, ReportLine);
     if (message) {
         state.PlayerBody = message->PlayerBody;
         state.PlayerSubject = message->PlayerSubject;
-        compose(inputs.game.rows[static_cast<size_t>(state.SendCursor)], files);
+        compose(row.game.rows[static_cast<size_t>(state.SendCursor)], files);
         const auto failure = mail.Send();
         ReportLine = failure ? messages::mapiError(*failure) : messages::emailGenerated();
     }

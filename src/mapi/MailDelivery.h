@@ -32,7 +32,7 @@ class MailDelivery {
 
   private:
     bool signOn();
-    void deliverRow();
+    void deliverRow(const DispatchInputs& row);
     void compose(const PlayerSlot& player, const std::vector<std::string>& files);
 
     DispatchInputs inputs;

@@ -3,6 +3,8 @@
 #include "platform/CodePage.h"
 #include "platform/Text.h"
 
+#include <algorithm>
+
 namespace turnpost {
 
 namespace {
@@ -31,18 +33,14 @@ std::string recipientLine(const PlayerSlot& player) {
     return wireLine("RCPT TO:" + trimmedLine(player.PlayerEmail));
 }
 
-std::string doubleLeadingPeriods(std::string_view text) {
-    std::string result;
-    result.reserve(text.size() + 16);
-    bool lineStart = true;
-    for (const char c : text) {
-        if (lineStart && c == '.') {
-            result += '.';
-        }
-        result += c;
-        lineStart = c == '\n';
+void appendToWire(std::string& bytes, std::string_view text) {
+    // Line by line: all at once, an attachment of many megabytes would be there several times.
+    while (!text.empty()) {
+        const size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
+        const std::string line = toWireBytes(text.substr(0, length));
+        bytes.append(line.starts_with('.') ? "." : "").append(line);
+        text.remove_prefix(length);
     }
-    return result;
 }
 
 std::vector<std::string> messageText(const Settings& settings, const PlayerSlot& player,
@@ -54,8 +52,12 @@ std::vector<std::string> messageText(const Settings& settings, const PlayerSlot&
         sends.push_back(wireLine("CC:" + player.PlayerName + "<" + player.AltEmail + ">"));
     }
     sends.push_back(wireLine("Subject:" + state.PlayerSubject) + "\r\n");
-    sends.push_back(doubleLeadingPeriods(
-        toWireBytes(withCrLf(state.PlayerBody) + "\r\n\r\n" + state.AttachmentText + "\r\n")));
+    std::string& text = sends.emplace_back();
+    text.reserve(state.PlayerBody.size() + state.AttachmentText.size() +
+                 state.AttachmentText.size() / 64);
+    appendToWire(text, withCrLf(state.PlayerBody) + "\r\n\r\n");
+    appendToWire(text, state.AttachmentText);
+    appendToWire(text, "\r\n");
     sends.emplace_back(".\r\n");
     return sends;
 }

@@ -30,8 +30,8 @@ std::string recipientLine(const PlayerSlot& player);
 std::vector<std::string> messageText(const Settings& settings, const PlayerSlot& player,
                                      const SendState& state);
 
-/// Doubles every period at the start of a line (RFC 5321, 4.5.2). The text starts a line; its lines
-/// end in CR LF.
-std::string doubleLeadingPeriods(std::string_view text);
+/// Appends a text as bytes for the wire, every period at the start of a line doubled (RFC 5321,
+/// 4.5.2). The text starts a line; its lines end in CR LF.
+void appendToWire(std::string& bytes, std::string_view text);
 
 } // namespace turnpost

@@ -76,7 +76,7 @@ void SmtpSession::takeNextStep() {
 
 void SmtpSession::sendMessage(const PlayerSlot& player) {
     const auto sends = messageText(settings, player, state);
-    state.AttachmentText.clear();
+    std::string().swap(state.AttachmentText);
     for (const std::string& bytes : sends) {
         socket.SendData(bytes);
     }
