@@ -117,7 +117,9 @@ void flushFolder(const std::string& folder) {
 } // namespace
 
 void replaceFile(const std::string& path, const std::string& bytes) {
+    requireNoOtherKind(path);
     const std::string target = targetOf(path);
+    requireNoOtherKind(target);
     struct stat old {};
     const bool exists = stat(target.c_str(), &old) == 0;
     // Renaming would replace even a write-protected file, which its owner has locked on purpose.
