@@ -70,7 +70,7 @@ std::optional<std::string> findPath(const std::string& path) {
         }
         found = *next;
     }
-    return fromNativePath(found);
+    return fromNativePath(found.make_preferred());
 }
 
 std::optional<std::string> findFile(const std::string& path) {

@@ -8,7 +8,7 @@
 #include "storage/QuotedValues.h"
 
 #include <algorithm>
-#include <optional>
+#include <array>
 #include <vector>
 
 namespace turnpost {
@@ -16,7 +16,6 @@ namespace turnpost {
 namespace {
 
 constexpr size_t headValues = 5;
-constexpr LineLayout textLine{0, 1};
 constexpr LineLayout rowLine{2, 4};
 constexpr size_t valuesPerRow = rowLine.numbers + rowLine.texts;
 constexpr size_t valueCount = headValues + rowCount * valuesPerRow;
@@ -61,39 +60,30 @@ size_t firstRowLine(const std::vector<std::string_view>& lines) {
     size_t found = 0;
     size_t rows = 0;
     for (size_t i = lines.size(); i >= headValues; --i) {
-        const bool bodyMayEnd = withoutLineEnd(lines[i - 1]).ends_with('"');
+        const std::string_view line = withoutLineEnd(lines[i - 1]);
+        const bool bodyMayEnd = line.ends_with('"') && (i > headValues || line.size() > 1);
         if (rows >= rowCount && bodyMayEnd) {
             if (found != 0) {
                 return 0;
             }
             found = i;
         }
-        rows = readLine(lines[i - 1], rowLine) ? rows + 1 : 0;
+        rows = isLine(lines[i - 1], rowLine) ? rows + 1 : 0;
     }
     return found;
 }
 
-std::optional<QuotedValues> valuesByLayout(std::string_view text) {
-    const auto lines = linesOf(text);
+// Without a place for the rows these are too few.
+QuotedValues valuesByLines(std::string_view text) {
+    auto lines = linesOf(text);
     const size_t firstRow = firstRowLine(lines);
     if (firstRow == 0) {
-        return std::nullopt;
-    }
-    QuotedValues values;
-    const auto append = [&values](std::optional<QuotedValues> read) {
-        if (read) {
-            values.insert(values.end(), read->begin(), read->end());
-        }
-    };
-    for (size_t i = 0; i + 1 < headValues; ++i) {
-        append(readLine(lines[i], textLine));
+        return {};
     }
     const char* body = lines[headValues - 1].data();
-    append(readLine({body, static_cast<size_t>(lines[firstRow].data() - body)}, textLine));
-    for (size_t i = firstRow; i < firstRow + rowCount; ++i) {
-        append(readLine(lines[i], rowLine));
-    }
-    return values.size() == valueCount ? std::optional(values) : std::nullopt;
+    lines[headValues - 1] = {body, static_cast<size_t>(lines[firstRow].data() - body)};
+    lines.erase(lines.begin() + headValues, lines.begin() + static_cast<std::ptrdiff_t>(firstRow));
+    return readByLines(lines, layout);
 }
 
 std::string withoutEnd(const std::string& name, size_t length) {
@@ -116,9 +106,9 @@ GameFileReading parseGameDetails(std::string_view text) {
         reading.damage = messages::severalWaysToRead();
     }
     if (!reading.damage.empty()) {
-        if (const auto values = valuesByLayout(text)) {
-            reading.content = {};
-            reading.damage = take(*values, reading.content);
+        const QuotedValues values = valuesByLines(text);
+        if (values.size() == valueCount) {
+            reading.damage = take(values, reading.content);
         }
     }
     if (text.find(lineEnd) == std::string_view::npos) {

@@ -13,48 +13,32 @@ constexpr std::string_view betweenTexts = "\",\"";
 
 enum class Follows { Comma, LineEnd, Other };
 
-class Reader {
-  public:
-    explicit Reader(std::string_view text) : rest(text) {}
+void skipBlanks(std::string_view& rest) {
+    rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
+}
 
-    // The next value and what follows it; comma and line end are taken too.
-    std::optional<QuotedValue> read() {
-        skipBlanks();
-        QuotedValue value{{}, rest.starts_with('"')};
-        const size_t begin = value.quoted ? 1 : 0;
-        const size_t end = value.quoted ? rest.find('"', begin) : rest.find_first_of(",\r\n");
-        const bool open = end == std::string_view::npos;
-        value.text = rest.substr(begin, open ? end : end - begin);
-        const bool quoteInside = !value.quoted && value.text.find('"') != std::string::npos;
-        // Nothing at all at the end of a file is no value: there may have been one before a cut.
-        if (quoteInside || (open && (value.quoted || rest.empty()))) {
-            return std::nullopt;
-        }
-        rest.remove_prefix(open ? rest.size() : end + begin);
-        takeSeparator();
-        return value;
+// Takes the next value and the comma or line end that follows it. Where nothing but the end of the
+// file is left (for the game's system that is also Ctrl-Z), a value may have been cut off.
+std::optional<QuotedValue> takeValue(std::string_view& rest, Follows& follows) {
+    skipBlanks(rest);
+    const bool quoted = rest.starts_with('"');
+    const size_t end =
+        quoted ? rest.find('"', 1) : std::min(rest.find_first_of(",\r\n"), rest.size());
+    if (rest.empty() || rest.front() == '\x1A' || end == std::string_view::npos) {
+        return std::nullopt;
     }
-
-    Follows follows() const { return following; }
-    std::string_view behind() const { return rest; }
-
-  private:
-    void skipBlanks() { rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size())); }
-
-    void takeSeparator() {
-        skipBlanks();
-        following = rest.starts_with(',') ? Follows::Comma
-                    : rest.empty() || rest.front() == '\r' || rest.front() == '\n'
-                        ? Follows::LineEnd
-                        : Follows::Other;
-        if (following != Follows::Other && !rest.empty()) {
-            rest.remove_prefix(rest.starts_with("\r\n") ? 2 : 1);
-        }
+    QuotedValue value{std::string(rest.substr(quoted ? 1 : 0, quoted ? end - 1 : end)), quoted};
+    rest.remove_prefix(quoted ? end + 1 : end);
+    skipBlanks(rest);
+    follows = rest.starts_with(',')                                          ? Follows::Comma
+              : rest.empty() || rest.front() == '\r' || rest.front() == '\n' ? Follows::LineEnd
+                                                                             : Follows::Other;
+    if (follows != Follows::Other) {
+        rest.remove_prefix(rest.starts_with("\r\n") ? 2 : std::min<size_t>(1, rest.size()));
     }
-
-    std::string_view rest;
-    Follows following = Follows::LineEnd;
-};
+    const bool strayQuote = !quoted && value.text.find('"') != std::string::npos;
+    return strayQuote ? std::nullopt : std::optional(std::move(value));
+}
 
 // Where the separators between so many texts stand when each is taken as early as possible.
 std::optional<std::vector<size_t>> earliest(std::string_view inner, size_t texts) {
@@ -98,9 +82,26 @@ bool divide(std::string_view line, size_t texts, QuotedValues& values) {
     return true;
 }
 
-bool numbersAreNumbers(const QuotedValues& values, size_t numbers) {
-    return std::all_of(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(numbers),
-                       [](const QuotedValue& value) { return value.number().has_value(); });
+// The values of one line, by the first rule or divided; nothing when neither gives them all.
+std::optional<QuotedValues> readLine(std::string_view line, LineLayout layout) {
+    const size_t count = layout.numbers + layout.texts;
+    if (static_cast<size_t>(std::count(line.begin(), line.end(), ',')) + 1 < count) {
+        return std::nullopt;
+    }
+    QuotedReading reading = readInOrder(line, {&layout, 1});
+    if (!reading.inLines || !reading.behind.empty()) {
+        const LineLayout numbers{layout.numbers, 0};
+        reading = readInOrder(line, {&numbers, 1});
+        if (!divide(reading.behind, layout.texts, reading.values)) {
+            return std::nullopt;
+        }
+    }
+    for (size_t i = 0; i < layout.numbers; ++i) {
+        if (!reading.values[i].number()) {
+            return std::nullopt;
+        }
+    }
+    return reading.values;
 }
 
 } // namespace
@@ -117,48 +118,42 @@ std::optional<int> QuotedValue::number() const {
 }
 
 QuotedReading readInOrder(std::string_view text, std::span<const LineLayout> layout) {
-    QuotedReading reading;
-    Reader reader(text);
-    bool inItsLine = true;
+    QuotedReading reading{{}, text};
+    auto follows = Follows::LineEnd;
+    bool inLines = true;
     for (const LineLayout& line : layout) {
         for (size_t left = line.numbers + line.texts; left > 0; --left) {
-            auto value = reader.follows() == Follows::Other ? std::nullopt : reader.read();
+            auto value =
+                follows == Follows::Other ? std::nullopt : takeValue(reading.behind, follows);
             if (!value) {
                 return reading;
             }
             reading.values.push_back(std::move(*value));
-            inItsLine =
-                inItsLine && reader.follows() == (left > 1 ? Follows::Comma : Follows::LineEnd);
+            inLines = inLines && follows == (left > 1 ? Follows::Comma : Follows::LineEnd);
         }
     }
-    reading.whole = inItsLine || reader.behind().find('"') == std::string_view::npos;
+    reading.inLines = inLines;
+    reading.whole = inLines || reading.behind.find('"') == std::string_view::npos;
     return reading;
 }
 
-std::optional<QuotedValues> readLine(std::string_view line, LineLayout layout) {
-    const size_t count = layout.numbers + layout.texts;
-    if (static_cast<size_t>(std::count(line.begin(), line.end(), ',')) + 1 < count) {
-        return std::nullopt;
-    }
-    Reader reader(line);
+bool isLine(std::string_view line, LineLayout layout) {
+    return readLine(line, layout).has_value();
+}
+
+QuotedValues readByLines(std::span<const std::string_view> lines,
+                         std::span<const LineLayout> layout) {
     QuotedValues values;
-    std::string_view texts = line;
-    while (values.size() < count && reader.follows() != Follows::Other) {
-        texts = values.size() == layout.numbers ? reader.behind() : texts;
-        auto value = reader.read();
-        if (!value) {
+    for (size_t i = 0; i < std::min(layout.size(), lines.size()); ++i) {
+        // One that was cut at a double quote inside its text looks whole.
+        const bool ends = lines[i].ends_with('\n') || i + 1 == layout.size();
+        const auto line = ends ? readLine(lines[i], layout[i]) : std::nullopt;
+        if (!line) {
             break;
         }
-        values.push_back(std::move(*value));
+        values.insert(values.end(), line->begin(), line->end());
     }
-    const bool toItsEnd = reader.follows() == Follows::LineEnd && reader.behind().empty();
-    bool good = values.size() == count && toItsEnd;
-    if (!good && values.size() >= layout.numbers) {
-        values.resize(layout.numbers);
-        good = divide(texts, layout.texts, values);
-    }
-    good = good && numbersAreNumbers(values, layout.numbers);
-    return good ? std::optional(std::move(values)) : std::nullopt;
+    return values;
 }
 
 std::vector<std::string_view> linesOf(std::string_view text) {

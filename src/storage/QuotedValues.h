@@ -28,10 +28,13 @@ struct QuotedValue {
 
 using QuotedValues = std::vector<QuotedValue>;
 
-/// `values` are as many as the layout has, or those before the place where reading had to stop.
-/// `whole` is true when they are all there and no text can have been taken for two.
+/// `values` are as many as the layout has, or those before the place where reading had to stop;
+/// `behind` is what was not read. `inLines` is true when they are all there and each stands in its
+/// line by the layout; `whole` when they are all there and no text can have been taken for two.
 struct QuotedReading {
     QuotedValues values;
+    std::string_view behind;
+    bool inLines = false;
     bool whole = false;
 };
 
@@ -50,11 +53,16 @@ struct QuotedReading {
 /// as others, and whoever writes a file has to read it back to know.
 QuotedReading readInOrder(std::string_view text, std::span<const LineLayout> layout);
 
-/// The second rule, for texts that hold double quotes: the values of one line, which comes with its
-/// end. The line is divided into exactly as many quoted texts as it has by the layout, at `","`,
-/// when this can be done in one way. Gives nothing when it can't or can in several, or when a
-/// number is none. A line that the first rule reads to its end is taken as read.
-std::optional<QuotedValues> readLine(std::string_view line, LineLayout layout);
+/// The second rule, for texts that hold double quotes: the values of the leading lines that can be
+/// read. A line is divided into exactly as many quoted texts as it has by the layout, at `","`; one
+/// that can't be, or can in several ways, or whose number is none, is not read, and those behind it
+/// neither. A line that the first rule reads to its end is taken as read. A line without its end
+/// counts only as the last one of the layout.
+QuotedValues readByLines(std::span<const std::string_view> lines,
+                         std::span<const LineLayout> layout);
+
+/// True when the second rule reads this line.
+bool isLine(std::string_view line, LineLayout layout);
 
 /// The lines of a file with their ends: CR LF where the text holds one, else LF. What follows the
 /// last end is a line when it is not empty.

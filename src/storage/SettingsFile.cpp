@@ -7,7 +7,7 @@
 #include "storage/OwnFile.h"
 #include "storage/QuotedValues.h"
 
-#include <algorithm>
+#include <array>
 #include <vector>
 
 namespace turnpost {
@@ -39,23 +39,6 @@ Settings settingsOf(const QuotedValues& values) {
     return settings;
 }
 
-// The values of the leading lines that can be divided as they should. A line with more or fewer
-// would put values into fields they do not belong to.
-QuotedValues wholeLines(std::string_view text) {
-    QuotedValues values;
-    const auto lines = linesOf(text);
-    for (size_t i = 0; i < std::min(layout.size(), lines.size()); ++i) {
-        // One that was cut at a double quote inside its text looks whole.
-        const bool ends = lines[i].ends_with('\n') || i + 1 == layout.size();
-        const auto line = ends ? readLine(lines[i], layout.at(i)) : std::nullopt;
-        if (!line) {
-            break;
-        }
-        values.insert(values.end(), line->begin(), line->end());
-    }
-    return values;
-}
-
 } // namespace
 
 SettingsReading parseSettings(std::string_view text) {
@@ -64,7 +47,7 @@ SettingsReading parseSettings(std::string_view text) {
     if (inOrder.whole && nul == std::string_view::npos) {
         return {settingsOf(inOrder.values), false};
     }
-    const QuotedValues values = wholeLines(text.substr(0, nul));
+    const QuotedValues values = readByLines(linesOf(text.substr(0, nul)), layout);
     return {settingsOf(values), values.size() < valueCount || nul != std::string_view::npos};
 }
 
