@@ -127,8 +127,8 @@ TEST_F(FileFault, AnyOtherSystemCallThatFailsLeavesTheOldFileWholeAndIsReported)
 #endif
     // The mode is set where it differs, and has to be where others could read what they could not.
     struct Case {
-        unsigned call;
-        mode_t mode;
+        unsigned call = 0;
+        mode_t mode = 0644;
         int outcome = refused;
     };
     // Sanitizers write for themselves; a write that fails has its own test.
