@@ -132,9 +132,9 @@ TEST_F(FileFault, AnyOtherSystemCallThatFailsLeavesTheOldFileWholeAndIsReported)
         int outcome = refused;
     };
     // Sanitizers write for themselves; a write that fails has its own test.
-    for (const Case& row : {Case{SYS_openat, 0644}, Case{SYS_fchmod, 0600}, Case{SYS_fsync, 0644},
-                            Case{SYS_close, 0644}, Case{renameCall, 0644},
-                            Case{SYS_fchmod, 0644, replaced}, Case{SYS_fchmod, 0777, replaced}}) {
+    for (const Case& row :
+         {Case{SYS_openat}, Case{SYS_fchmod, 0600}, Case{SYS_fsync}, Case{SYS_close},
+          Case{renameCall}, Case{SYS_fchmod, 0644, replaced}, Case{SYS_fchmod, 0777, replaced}}) {
         std::filesystem::permissions(path, std::filesystem::perms(row.mode));
         int status = 0;
         waitpid(startChild([&] {
