@@ -1,18 +1,8 @@
 #include "Property.h"
 #include "storage/GameDetailsFile.h"
 
-#include <algorithm>
-
 using namespace turnpost;
 using fuzz::require;
-
-namespace {
-
-bool holds(const std::string& text, const char* characters) {
-    return text.find_first_of(characters) != std::string::npos;
-}
-
-} // namespace
 
 // The first 16 bytes are the rows' flags; then come the body and the texts of the one-line boxes.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
@@ -30,15 +20,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     const bool whole = reading.damage.empty();
     const bool equal = whole && reading.content.game == game && reading.content.message == message;
 
-    const auto boxes = texts.begin() + 1;
-    const bool quotes = std::any_of(texts.begin(), texts.end(),
-                                    [](const std::string& text) { return holds(text, "\""); });
-    const bool boxQuotes =
-        std::any_of(boxes, texts.end(), [](const std::string& text) { return holds(text, "\""); });
-    const bool boxBreaks = std::any_of(boxes, texts.end(),
-                                       [](const std::string& text) { return holds(text, "\r\n"); });
-    require(equal || quotes, "without double quotes everything comes back");
-    require(equal || boxQuotes || boxBreaks, "any body comes back");
-    require(equal || !whole || boxBreaks, "no text of a box comes back wrong in silence");
+    using fuzz::holdAny;
+    const std::vector<std::string> boxes(texts.begin() + 1, texts.end());
+    const bool boxBreaks = holdAny(boxes, "\r\n");
+    const bool rows = fuzz::mayHoldRows(message.MessageBody);
+    // The last text may hold NULs.
+    const bool nul = holdAny(texts, {"\0", 1});
+    require(!nul || !whole, "a NUL is damage");
+    require(equal || nul || holdAny(texts, "\""), "without double quotes everything comes back");
+    require(equal || nul || holdAny(boxes, "\"") || boxBreaks || rows,
+            "any body comes back that holds no row");
+    require(equal || !whole || boxBreaks || rows, "no text of a box comes back wrong in silence");
+    require(equal || !comesBack(game, message),
+            "what will not come back is known when it is saved");
     return 0;
 }

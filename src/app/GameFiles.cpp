@@ -1,6 +1,5 @@
 #include "app/Application.h"
 
-#include "platform/CodePage.h"
 #include "platform/FileError.h"
 #include "platform/Files.h"
 #include "platform/Messages.h"
@@ -18,13 +17,14 @@ void Application::saveGame() {
         windows.show(messages::noGameDetails());
         return;
     }
-    const std::string path = gameDetailsFile(shared.game);
+    std::string path = gameDetailsFile(shared.game);
     try {
-        replaceFile(path, toFileBytes(printGameDetails(shared.game, shared.message)));
+        writeGameDetails(path, shared.game, shared.message);
     } catch (const FileError& error) {
         windows.show(messages::cannotWrite(error.path(), error.reason()));
         return;
     }
+    path = findPath(path).value_or(path);
     windows.show(messages::detailsSaved(path));
     if (!comesBack(shared.game, shared.message)) {
         windows.show(messages::willNotComeBack(path));
@@ -38,17 +38,18 @@ void Application::openGame() {
     }
     const std::string path =
         byDefault ? shared.settings.DefaultGameFile : pickedPath(shared.picker);
-    if (!findFile(path)) {
+    const auto found = findFile(path);
+    if (!found) {
         windows.show(byDefault ? messages::defaultGameFileNotFound()
                                : messages::gameFileNotFound());
         return;
     }
-    loadGame(path);
+    loadGame(*found);
 }
 
 void Application::loadGame(const std::string& path) {
     try {
-        GameFileReading reading = parseGameDetails(fromFileBytes(readFile(path)));
+        GameFileReading reading = readGameDetails(path);
         if (!reading.damage.empty()) {
             windows.show(messages::gameFileDamaged(path, reading.damage));
             return;
@@ -71,7 +72,7 @@ void Application::findLoadedHostFile(GameDetails& game, const std::string& detai
     std::string unusable = stored + game.HostFileName;
     std::string reason = messages::hostFileMissing();
     for (const std::string& folder : {stored, beside}) {
-        if (!findFile(folder + game.HostFileName)) {
+        if (!findPath(folder + game.HostFileName)) {
             continue;
         }
         try {

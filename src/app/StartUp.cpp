@@ -1,6 +1,7 @@
 #include "app/Application.h"
 #include "platform/FileError.h"
 #include "platform/Messages.h"
+#include "platform/Path.h"
 #include "platform/Version.h"
 
 namespace turnpost {
@@ -28,7 +29,8 @@ void Application::readSettings() {
             windows.openEmailSettings();
             break;
         case SettingsFile::Outcome::Damaged:
-            windows.show(messages::settingsDamaged(settingsFile.path()));
+            windows.show(messages::settingsDamaged(settingsFile.path(),
+                                                   nameOfPath(settingsFile.copyPath())));
             break;
         case SettingsFile::Outcome::Read:
             break;

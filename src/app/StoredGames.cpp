@@ -11,11 +11,12 @@ void Application::loadStoredGame(int slot) {
     if (game.StoredGameName == emptySlotName) {
         return;
     }
-    if (!findFile(game.StoredGameFile)) {
+    const auto found = findFile(game.StoredGameFile);
+    if (!found) {
         windows.show(messages::storedGameNotFound());
         return;
     }
-    loadGame(game.StoredGameFile);
+    loadGame(*found);
 }
 
 void Application::configureStoredGames() {

@@ -53,10 +53,24 @@ class Neighbour {
         }
     }
 
+    // Only a privileged user may give a file away, its group only to a member, and some file
+    // systems have one owner and mode for all their files. So a refusal counts only where others
+    // could read what they could not read before.
     void takeOwnerAndMode(const struct stat& old) const {
-        // Only a privileged user may give a file away; the mode is what others rely on.
-        [[maybe_unused]] const int given = fchown(descriptor, old.st_uid, old.st_gid);
-        check(fchmod(descriptor, old.st_mode & 07777U) == 0);
+        struct stat made {};
+        check(fstat(descriptor, &made) == 0);
+        if ((made.st_uid != old.st_uid || made.st_gid != old.st_gid) &&
+            fchown(descriptor, old.st_uid, old.st_gid) != 0) {
+            [[maybe_unused]] const int given = fchown(descriptor, made.st_uid, old.st_gid);
+        }
+        check(fstat(descriptor, &made) == 0);
+        mode_t wanted = old.st_mode & 07777U;
+        if (made.st_gid != old.st_gid && (wanted & S_IROTH) == 0) {
+            wanted &= ~static_cast<mode_t>(S_IRWXG);
+        }
+        if ((made.st_mode & 07777U) != wanted && fchmod(descriptor, wanted) != 0) {
+            check((made.st_mode & ~wanted & (S_IRGRP | S_IROTH)) == 0);
+        }
     }
 
     void write(const std::string& bytes) const {
@@ -103,7 +117,9 @@ void flushFolder(const std::string& folder) {
 } // namespace
 
 void replaceFile(const std::string& path, const std::string& bytes) {
+    requireNoOtherKind(path);
     const std::string target = targetOf(path);
+    requireNoOtherKind(target);
     struct stat old {};
     const bool exists = stat(target.c_str(), &old) == 0;
     // Renaming would replace even a write-protected file, which its owner has locked on purpose.

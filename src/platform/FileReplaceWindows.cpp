@@ -47,15 +47,11 @@ bool moveIntoPlace(const std::wstring& from, const std::wstring& to, bool exists
 } // namespace
 
 void replaceFile(const std::string& path, const std::string& bytes) {
+    requireNoOtherKind(path);
     const std::string neighbour = unpredictableNeighbour(path);
     const std::wstring from = toNativePath(neighbour).wstring();
     const std::wstring to = toNativePath(path).wstring();
-    const DWORD attributes = GetFileAttributesW(to.c_str());
-    const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
-    // Not every system keeps ReplaceFileW from replacing a folder.
-    if (exists && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-        fail(path, ERROR_ACCESS_DENIED);
-    }
+    const bool exists = GetFileAttributesW(to.c_str()) != INVALID_FILE_ATTRIBUTES;
     writeNew(from, path, bytes);
     if (!moveIntoPlace(from, to, exists)) {
         const DWORD code = GetLastError();

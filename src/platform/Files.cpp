@@ -1,6 +1,7 @@
 #include "platform/Files.h"
 
 #include "platform/FileError.h"
+#include "platform/Messages.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -53,7 +54,7 @@ std::optional<std::string> findPath(const std::string& path) {
         return std::nullopt;
     }
     if (fs::exists(toNativePath(path), error)) {
-        return path;
+        return fromNativePath(toNativePath(path).make_preferred());
     }
     std::string slashed = path;
     std::replace(slashed.begin(), slashed.end(), '\\', '/');
@@ -69,7 +70,7 @@ std::optional<std::string> findPath(const std::string& path) {
         }
         found = *next;
     }
-    return fromNativePath(found);
+    return fromNativePath(found.make_preferred());
 }
 
 std::optional<std::string> findFile(const std::string& path) {
@@ -79,6 +80,25 @@ std::optional<std::string> findFile(const std::string& path) {
         return found;
     }
     return std::nullopt;
+}
+
+void requireNoOtherKind(const std::string& path) {
+    if (path.find('\0') != std::string::npos) {
+        throw FileError(path, messages::nulInPath());
+    }
+    std::error_code error;
+    switch (fs::status(toNativePath(path), error).type()) {
+    case fs::file_type::directory:
+        throw FileError(path, messages::isFolder());
+    case fs::file_type::fifo:
+        throw FileError(path, messages::isPipe());
+    case fs::file_type::block:
+    case fs::file_type::character:
+    case fs::file_type::socket:
+        throw FileError(path, messages::isDevice());
+    default:
+        break;
+    }
 }
 
 bool folderHoldsFile(const std::string& folder) {
@@ -98,7 +118,8 @@ bool folderHoldsFile(const std::string& folder) {
 }
 
 std::string readFile(const std::string& path, size_t limit) {
-    const auto found = findFile(path);
+    const auto found = findPath(path);
+    requireNoOtherKind(found.value_or(path));
     if (!found) {
         throw FileError(path, std::make_error_code(std::errc::no_such_file_or_directory));
     }

@@ -21,6 +21,11 @@ std::optional<std::string> findPath(const std::string& path);
 /// is no file: reading one could hang or never end.
 std::optional<std::string> findFile(const std::string& path);
 
+/// Throws FileError when no ordinary file can be read or written under this path, with words that
+/// say why: it holds a NUL, where the system's calls would see its end, or a folder, a pipe or a
+/// device is there. A path with nothing there is good.
+void requireNoOtherKind(const std::string& path);
+
 /// True when the folder exists and holds at least one ordinary file.
 bool folderHoldsFile(const std::string& folder);
 
@@ -34,7 +39,9 @@ std::string readFile(const std::string& path, size_t limit = std::string::npos);
 /// Replaces the file by these bytes, whole or not at all: they go to a temporary neighbour with an
 /// unpredictable name, are flushed to the disk, and are renamed into place. A link stays a link and
 /// its target is replaced; permissions of an existing file stay, a new one follows the umask. The
-/// folder must exist. Throws FileError; the old file is then untouched and no neighbour is left.
+/// folder must exist. A file system that keeps no permissions is no failure, unless others could
+/// then read what they could not. Throws FileError; the old file is then untouched and no neighbour
+/// is left. So it is when the path holds a NUL, or what is there is no ordinary file.
 void replaceFile(const std::string& path, const std::string& bytes);
 
 } // namespace turnpost

@@ -1,5 +1,9 @@
 #include "platform/Messages.h"
 
+#include "platform/Path.h"
+#include "platform/Text.h"
+
+#include <algorithm>
 #include <array>
 
 namespace turnpost::messages {
@@ -8,6 +12,27 @@ namespace {
 
 std::string join(std::string_view first, std::string_view second, std::string_view third = {}) {
     return std::string(first).append(second).append(third);
+}
+
+// What of a reason a person can take in, and a box can hold.
+constexpr size_t mostCharacters = 500;
+
+std::string shown(std::string_view reason) {
+    return shortened(reason, mostCharacters);
+}
+
+// Paths may come from two systems, and be put together of both.
+std::string shownPath(std::string_view path) {
+    std::string result = shown(path);
+    if (result.find('/') != std::string::npos && result.find('\\') != std::string::npos) {
+        std::replace_if(result.begin(), result.end(), isSeparator, pathSeparator);
+    }
+    return result;
+}
+
+// A path and what is wrong with the file there.
+std::string fileBox(std::string_view beginning, std::string_view path, std::string_view reason) {
+    return join(join(beginning, shownPath(path)), "\r\n", shown(reason));
 }
 
 // A file's finding is the name of its kind followed by one of these.
@@ -98,28 +123,30 @@ std::string socketError(int number, std::string_view description) {
 }
 
 std::string cannotRead(std::string_view path, std::string_view reason) {
-    return join(join("Cannot read ", path), "\r\n", reason);
+    return fileBox("Cannot read ", path, reason);
 }
 
 std::string cannotWrite(std::string_view path, std::string_view reason) {
-    return join(join("Cannot write ", path), "\r\n", reason);
+    return fileBox("Cannot write ", path, reason);
 }
 
-std::string settingsDamaged(std::string_view path) {
-    return join(
+std::string settingsDamaged(std::string_view path, std::string_view copy) {
+    return fileBox(
         "The settings file is damaged: ", path,
-        "\r\nWhat could be read was taken; the rest is empty. Before the settings are saved, "
-        "the damaged file is kept beside it as TURNPOST.BAD.");
+        join("What could be read was taken; the rest is empty. Before the settings are saved, the "
+             "damaged file is kept beside it as ",
+             copy, "."));
 }
 
 std::string willNotComeBack(std::string_view path) {
-    return join("Not all of this can be read back from ", path,
-                "\r\nPlease take the double quotes out of names and addresses, and characters that "
-                "this system's code page lacks, and save again.");
+    return fileBox(
+        "Not all of this can be read back from ", path,
+        "Please take the double quotes out of names and addresses, and characters that this "
+        "system's code page lacks, and save again.");
 }
 
 std::string hostFileUnusable(std::string_view path, std::string_view reason) {
-    return join(join("Cannot use the host file ", path), "\r\n", reason);
+    return fileBox("Cannot use the host file ", path, reason);
 }
 
 std::string noMailSystem() {
@@ -135,7 +162,7 @@ std::string noGameDetails() {
 }
 
 std::string detailsSaved(std::string_view path) {
-    return join("Details saved to ", path);
+    return join("Details saved to ", shownPath(path));
 }
 
 std::string gameFileNotFound() {
@@ -151,7 +178,7 @@ std::string storedGameNotFound() {
 }
 
 std::string gameFileDamaged(std::string_view path, std::string_view reason) {
-    return join(join("The game details file is damaged: ", path), "\r\n", reason);
+    return fileBox("The game details file is damaged: ", path, reason);
 }
 
 std::string enterGameName() {
@@ -166,9 +193,41 @@ std::string saveGameFirst() {
     return "Please save game details first";
 }
 
-std::string wrongValueCount(size_t count, size_t expected) {
+std::string tooFewValues(size_t count, size_t expected) {
     return "It holds " + std::to_string(count) + " values that can be read, not " +
            std::to_string(expected);
+}
+
+std::string severalWaysToRead() {
+    return "Its double quotes leave several ways to read it";
+}
+
+std::string holdsNul() {
+    return "It holds a NUL character";
+}
+
+std::string ownFileTooLarge() {
+    return "It is larger than 1 MiB";
+}
+
+std::string ownFileWouldBeTooLarge() {
+    return "It would be larger than 1 MiB, and so not be read again";
+}
+
+std::string isFolder() {
+    return "It is a folder, not a file";
+}
+
+std::string isPipe() {
+    return "It is a pipe, not a file";
+}
+
+std::string isDevice() {
+    return "It is a device, not a file";
+}
+
+std::string nulInPath() {
+    return "A file name cannot hold a NUL character";
 }
 
 std::string flagIsNoNumber(int row) {

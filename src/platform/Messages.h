@@ -7,14 +7,15 @@
 // of servers and systems are put in as they are; whoever shows them shows plain text.
 namespace turnpost::messages {
 
-// Message boxes.
+// Message boxes. Of a path or a reason they show at most some 500 characters.
 std::string noServerAddress();
 std::string invalidServerAddress();
 std::string invalidGamePath();
 std::string socketError(int number, std::string_view description);
 std::string cannotRead(std::string_view path, std::string_view reason);
 std::string cannotWrite(std::string_view path, std::string_view reason);
-std::string settingsDamaged(std::string_view path);
+/// `copy` is the name under which the damaged file is kept.
+std::string settingsDamaged(std::string_view path, std::string_view copy);
 std::string willNotComeBack(std::string_view path);
 std::string hostFileUnusable(std::string_view path, std::string_view reason);
 std::string noMailSystem();
@@ -30,8 +31,20 @@ std::string findGameFirst();
 std::string saveGameFirst();
 
 // What is wrong with a game details file.
-std::string wrongValueCount(size_t count, size_t expected);
+std::string tooFewValues(size_t count, size_t expected);
+std::string severalWaysToRead();
+std::string holdsNul();
+std::string ownFileTooLarge();
+
+// Why one of the program's own files is not written.
+std::string ownFileWouldBeTooLarge();
 std::string flagIsNoNumber(int row);
+
+// Reasons why a file cannot be read or written.
+std::string isFolder();
+std::string isPipe();
+std::string isDevice();
+std::string nulInPath();
 
 // Reasons why a host file gives no year.
 std::string hostFileTooShort();

@@ -1,5 +1,7 @@
 #include "platform/Text.h"
 
+#include <algorithm>
+
 namespace turnpost {
 
 namespace {
@@ -36,6 +38,28 @@ std::string oneLine(std::string_view text) {
 
 std::string withCrLf(std::string_view text) {
     return replaceLineBreaks(text, "\r\n");
+}
+
+std::string shortened(std::string_view text, size_t most) {
+    const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
+    const auto length = static_cast<size_t>(std::count_if(text.begin(), text.end(), begins));
+    if (length <= most) {
+        return std::string(text);
+    }
+    // Where the character with this index begins.
+    const auto place = [&](size_t index) {
+        size_t position = 0;
+        for (size_t seen = 0; position < text.size(); ++position) {
+            seen += begins(text[position]) ? 1 : 0;
+            if (seen > index) {
+                break;
+            }
+        }
+        return position;
+    };
+    return std::string(text.substr(0, place(most / 2)))
+        .append("...")
+        .append(text.substr(place(length - most / 2)));
 }
 
 std::string foldCase(std::string_view text) {

@@ -1,5 +1,6 @@
 #include "roster/PlayerSelection.h"
 
+#include <cstdint>
 #include <cstdlib>
 
 namespace turnpost {
@@ -17,7 +18,8 @@ void selectPlayers(GameDetails& game, PlayerSelection selection) {
             row.IncludePlayer = 0;
             break;
         case PlayerSelection::Invert:
-            row.IncludePlayer = std::abs(row.IncludePlayer - 1);
+            // A details file may hold any number.
+            row.IncludePlayer = static_cast<int>(std::abs(row.IncludePlayer - std::int64_t{1}));
             break;
         }
     }

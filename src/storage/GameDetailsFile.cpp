@@ -1,14 +1,14 @@
 #include "storage/GameDetailsFile.h"
 
 #include "platform/CodePage.h"
+#include "platform/Files.h"
 #include "platform/Messages.h"
 #include "platform/Text.h"
-#include "storage/QuotedLayout.h"
+#include "storage/OwnFile.h"
 #include "storage/QuotedValues.h"
 
 #include <algorithm>
-#include <charconv>
-#include <optional>
+#include <array>
 #include <vector>
 
 namespace turnpost {
@@ -16,26 +16,20 @@ namespace turnpost {
 namespace {
 
 constexpr size_t headValues = 5;
-constexpr size_t valuesPerRow = 6;
+constexpr LineLayout rowLine{2, 4};
+constexpr size_t valuesPerRow = rowLine.numbers + rowLine.texts;
 constexpr size_t valueCount = headValues + rowCount * valuesPerRow;
 constexpr const char* lineEnd = "\r\n";
 constexpr const char* extension = ".NTP";
 
-using Values = std::vector<QuotedValue>;
-
-std::optional<int> numberOf(const QuotedValue& value) {
-    int number = 0;
-    const char* end = value.text.data() + value.text.size();
-    const auto [stop, error] = std::from_chars(value.text.data(), end, number);
-    const bool digitsOnly = !value.text.empty() && value.text[0] != '-';
-    if (value.quoted || !digitsOnly || error != std::errc() || stop != end) {
-        return std::nullopt;
-    }
-    return number;
-}
+constexpr std::array<LineLayout, headValues + rowCount> layout = [] {
+    std::array<LineLayout, headValues + rowCount> lines{};
+    std::fill(lines.begin() + headValues, lines.end(), rowLine);
+    return lines;
+}();
 
 // Fills the content from 101 values; says what is wrong with them.
-std::string take(const Values& values, GameFileContent& content) {
+std::string take(const QuotedValues& values, GameFileContent& content) {
     GameDetails& game = content.game;
     game.GameName = values[0].text;
     game.GamePath = values[1].text;
@@ -44,8 +38,8 @@ std::string take(const Values& values, GameFileContent& content) {
     content.message.MessageBody = values[4].text;
     for (size_t i = 0; i < rowCount; ++i) {
         const QuotedValue* value = &values[headValues + i * valuesPerRow];
-        const auto shown = numberOf(value[0]);
-        const auto include = numberOf(value[1]);
+        const auto shown = value[0].number();
+        const auto include = value[1].number();
         if (!shown || !include) {
             return messages::flagIsNoNumber(static_cast<int>(i));
         }
@@ -60,63 +54,36 @@ std::string take(const Values& values, GameFileContent& content) {
     return {};
 }
 
-std::vector<std::string_view> linesOf(std::string_view text, std::string_view end) {
-    std::vector<std::string_view> lines;
-    size_t next = 0;
-    while ((next = text.find(end)) != std::string_view::npos) {
-        lines.push_back(text.substr(0, next));
-        text.remove_prefix(next + end.size());
+// The line behind the body: the one place where the line before it ends a text and this and the
+// next 15 lines are rows. 0 without such a place, or with several.
+size_t firstRowLine(const std::vector<std::string_view>& lines) {
+    size_t found = 0;
+    size_t rows = 0;
+    for (size_t i = lines.size(); i >= headValues; --i) {
+        const std::string_view line = withoutLineEnd(lines[i - 1]);
+        const bool bodyMayEnd = line.ends_with('"') && (i > headValues || line.size() > 1);
+        if (rows >= rowCount && bodyMayEnd) {
+            if (found != 0) {
+                return 0;
+            }
+            found = i;
+        }
+        rows = isLine(lines[i - 1], rowLine) ? rows + 1 : 0;
     }
-    if (!text.empty()) {
-        lines.push_back(text);
-    }
-    while (!lines.empty() && lines.back().empty()) {
-        lines.pop_back();
-    }
-    return lines;
+    return found;
 }
 
-// Appends what stands between the first and the last quote of a text; false without those.
-bool takeQuoted(std::string_view text, Values& values) {
-    if (text.size() < 2 || text.front() != '"' || text.back() != '"') {
-        return false;
+// Without a place for the rows these are too few.
+QuotedValues valuesByLines(std::string_view text) {
+    auto lines = linesOf(text);
+    const size_t firstRow = firstRowLine(lines);
+    if (firstRow == 0) {
+        return {};
     }
-    values.push_back({std::string(text.substr(1, text.size() - 2)), 0, true});
-    return true;
-}
-
-// Appends the six values of a row's line; false when it is none, or can be divided in two ways.
-bool takeRow(std::string_view line, Values& values) {
-    for (int flag = 0; flag < 2; ++flag) {
-        const size_t comma = std::min(line.find(','), line.size());
-        values.push_back({std::string(line.substr(0, comma)), 0, false});
-        line.remove_prefix(std::min(comma + 1, line.size()));
-    }
-    const auto texts = readByLayout(line, {"\",\"", "\",\"", "\",\""});
-    for (size_t i = 0; texts && i < texts->size(); ++i) {
-        values.push_back({(*texts)[i], 0, true});
-    }
-    return texts.has_value();
-}
-
-std::optional<Values> valuesByLayout(std::string_view text, std::string_view end) {
-    const auto lines = linesOf(text, end);
-    if (lines.size() < headValues + rowCount) {
-        return std::nullopt;
-    }
-    Values values;
-    const std::string_view& body = lines[headValues - 1];
-    const std::string_view& bodyEnd = lines[lines.size() - rowCount - 1];
-    bool good = true;
-    for (size_t i = 0; i + 1 < headValues; ++i) {
-        good = good && takeQuoted(lines[i], values);
-    }
-    const char* bodyStop = bodyEnd.data() + bodyEnd.size();
-    good = good && takeQuoted({body.data(), static_cast<size_t>(bodyStop - body.data())}, values);
-    for (size_t i = lines.size() - rowCount; good && i < lines.size(); ++i) {
-        good = takeRow(lines[i], values);
-    }
-    return good ? std::optional(values) : std::nullopt;
+    const char* body = lines[headValues - 1].data();
+    lines[headValues - 1] = {body, static_cast<size_t>(lines[firstRow].data() - body)};
+    lines.erase(lines.begin() + headValues, lines.begin() + static_cast<std::ptrdiff_t>(firstRow));
+    return readByLines(lines, layout);
 }
 
 std::string withoutEnd(const std::string& name, size_t length) {
@@ -126,23 +93,37 @@ std::string withoutEnd(const std::string& name, size_t length) {
 } // namespace
 
 GameFileReading parseGameDetails(std::string_view text) {
-    const bool dosLines = text.find(lineEnd) != std::string_view::npos;
-    const QuotedReading inOrder = readQuotedValues(text);
-    const bool whole = inOrder.clean && inOrder.count == valueCount;
     GameFileReading reading;
-    reading.damage = whole ? take(inOrder.values, reading.content)
-                           : messages::wrongValueCount(inOrder.count, valueCount);
+    if (text.find('\0') != std::string_view::npos) {
+        reading.damage = messages::holdsNul();
+        return reading;
+    }
+    const QuotedReading inOrder = readInOrder(text, layout);
+    const bool all = inOrder.values.size() == valueCount;
+    reading.damage = all ? take(inOrder.values, reading.content)
+                         : messages::tooFewValues(inOrder.values.size(), valueCount);
+    if (reading.damage.empty() && !inOrder.whole) {
+        reading.damage = messages::severalWaysToRead();
+    }
     if (!reading.damage.empty()) {
-        if (const auto values = valuesByLayout(text, dosLines ? lineEnd : "\n")) {
-            reading.content = {};
-            reading.damage = take(*values, reading.content);
+        const QuotedValues values = valuesByLines(text);
+        if (values.size() == valueCount) {
+            reading.damage = take(values, reading.content);
         }
     }
-    if (!dosLines) {
+    if (text.find(lineEnd) == std::string_view::npos) {
         // A file that came through a system with other line ends.
         reading.content.message.MessageBody = withCrLf(reading.content.message.MessageBody);
     }
     return reading;
+}
+
+GameFileReading readGameDetails(const std::string& path) {
+    const std::string bytes = readFile(path, mostOwnFileBytes + 1);
+    if (bytes.size() > mostOwnFileBytes) {
+        return {{}, messages::ownFileTooLarge()};
+    }
+    return parseGameDetails(fromFileBytes(bytes));
 }
 
 std::string printGameDetails(const GameDetails& game, const MessageTemplate& message) {
@@ -160,6 +141,11 @@ std::string printGameDetails(const GameDetails& game, const MessageTemplate& mes
         text += lineEnd;
     }
     return text;
+}
+
+void writeGameDetails(const std::string& path, const GameDetails& game,
+                      const MessageTemplate& message) {
+    writeOwnFile(path, printGameDetails(game, message));
 }
 
 bool comesBack(const GameDetails& game, const MessageTemplate& message) {

@@ -4,8 +4,11 @@
 #include "platform/Files.h"
 #include "platform/Folders.h"
 #include "platform/Path.h"
-#include "storage/QuotedLayout.h"
+#include "storage/OwnFile.h"
 #include "storage/QuotedValues.h"
+
+#include <array>
+#include <vector>
 
 namespace turnpost {
 
@@ -14,12 +17,14 @@ namespace {
 constexpr const char* fileName = "TURNPOST.INI";
 constexpr const char* damagedFileName = "TURNPOST.BAD";
 
-// How many values each line holds.
-constexpr size_t valuesOfLine[] = {1, 1, 1, 2, 2, 2, 2, 1};
+constexpr LineLayout oneText{0, 1};
+constexpr LineLayout twoTexts{0, 2};
+constexpr std::array layout = {oneText,  oneText,  oneText,  twoTexts,
+                               twoTexts, twoTexts, twoTexts, oneText};
 constexpr size_t valueCount = 12;
 
 // The first `values.size()` fields in file order; the rest keep their start values.
-Settings settingsOf(const std::vector<std::string>& values) {
+Settings settingsOf(const QuotedValues& values) {
     Settings settings;
     std::vector<std::string*> fields = {&settings.HostName, &settings.HostEmail,
                                         &settings.SmtpServer};
@@ -29,65 +34,21 @@ Settings settingsOf(const std::vector<std::string>& values) {
     }
     fields.push_back(&settings.DefaultGameFile);
     for (size_t i = 0; i < values.size(); ++i) {
-        *fields[i] = values[i];
+        *fields[i] = values[i].text;
     }
     return settings;
-}
-
-std::vector<std::string> textsOf(const std::vector<QuotedValue>& values) {
-    std::vector<std::string> texts;
-    texts.reserve(values.size());
-    for (const QuotedValue& value : values) {
-        texts.push_back(value.text);
-    }
-    return texts;
-}
-
-// The values of the leading lines that hold as many values as they should. A line with more or
-// fewer would put values into fields they do not belong to.
-std::vector<std::string> wholeLines(const QuotedReading& reading) {
-    std::vector<std::string> texts;
-    size_t line = 0;
-    for (const size_t expected : valuesOfLine) {
-        std::vector<std::string> found;
-        for (const QuotedValue& value : reading.values) {
-            if (value.line == line) {
-                found.push_back(value.text);
-            }
-        }
-        const bool damaged = !reading.clean && line == reading.damagedLine;
-        if (damaged || found.size() != expected) {
-            break;
-        }
-        texts.insert(texts.end(), found.begin(), found.end());
-        ++line;
-    }
-    return texts;
-}
-
-std::vector<std::string> separators(std::string_view lineEnd) {
-    const std::string nextLine = std::string("\"").append(lineEnd).append("\"");
-    std::vector<std::string> result;
-    for (const size_t count : valuesOfLine) {
-        result.insert(result.end(), count - 1, "\",\"");
-        result.push_back(nextLine);
-    }
-    result.pop_back();
-    return result;
 }
 
 } // namespace
 
 SettingsReading parseSettings(std::string_view text) {
-    const QuotedReading reading = readQuotedValues(text);
-    if (reading.clean && reading.count == valueCount) {
-        return {settingsOf(textsOf(reading.values)), false};
+    const size_t nul = text.find('\0');
+    const QuotedReading inOrder = readInOrder(text, layout);
+    if (inOrder.whole && nul == std::string_view::npos) {
+        return {settingsOf(inOrder.values), false};
     }
-    const bool dosLines = text.find("\r\n") != std::string_view::npos;
-    if (const auto values = readByLayout(text, separators(dosLines ? "\r\n" : "\n"))) {
-        return {settingsOf(*values), false};
-    }
-    return {settingsOf(wholeLines(reading)), true};
+    const QuotedValues values = readByLines(linesOf(text.substr(0, nul)), layout);
+    return {settingsOf(values), values.size() < valueCount || nul != std::string_view::npos};
 }
 
 std::string printSettings(const Settings& settings) {
@@ -121,20 +82,35 @@ SettingsFile::Outcome SettingsFile::read(Settings& settings) {
         return Outcome::Missing;
     }
     keepDamaged = true;
-    SettingsReading reading = parseSettings(fromFileBytes(readFile(filePath)));
-    keepDamaged = reading.damaged;
+    std::string bytes = readFile(filePath, mostOwnFileBytes + 1);
+    const bool tooLarge = bytes.size() > mostOwnFileBytes;
+    if (tooLarge) {
+        // Not inside a character.
+        bytes.resize(bytes.rfind('\n') + 1);
+    }
+    SettingsReading reading = parseSettings(fromFileBytes(bytes));
+    keepDamaged = reading.damaged || tooLarge;
     settings = std::move(reading.settings);
     return keepDamaged ? Outcome::Damaged : Outcome::Read;
 }
 
+std::string SettingsFile::copyPath() const {
+    const std::string first = joinPath(folderOfPath(filePath), damagedFileName);
+    std::string path = first;
+    for (int number = 2; findPath(path); ++number) {
+        path = first + std::to_string(number);
+    }
+    return path;
+}
+
 void SettingsFile::write(const Settings& settings) {
     if (keepDamaged && findPath(filePath)) {
-        replaceFile(joinPath(folderOfPath(filePath), damagedFileName), readFile(filePath));
+        replaceFile(copyPath(), readFile(filePath));
         keepDamaged = false;
     }
     std::error_code error;
     std::filesystem::create_directories(toNativePath(folderOfPath(filePath)), error);
-    replaceFile(filePath, toFileBytes(printSettings(settings)));
+    writeOwnFile(filePath, printSettings(settings));
 }
 
 } // namespace turnpost

@@ -14,11 +14,12 @@ struct SettingsReading {
     bool damaged = false;
 };
 
-/// Reads the 12 values of a settings file (UTF-8, line ends CR LF or LF). Without double quotes
-/// every text comes back exactly, commas and line breaks included. Texts that hold double quotes
-/// come back by the file's layout, unless more than one division of the file fits it: a text that
-/// holds or, with its neighbour, makes up another `","` in a stored game's line or another line end
-/// between two quotes cannot come back, and makes the file damaged.
+/// Reads the 12 values of a settings file (UTF-8, line ends CR LF or LF); what follows them is not
+/// read. Values are read in order (see QuotedValues.h). Without double quotes every text comes back
+/// exactly, commas and line breaks included. Texts that hold double quotes come back by the file's
+/// lines: only a stored game's line that holds `","` in several places cannot be divided, and makes
+/// the file damaged. So does a NUL anywhere, which nobody types. In a file in which one text holds
+/// a double quote and one a line break, values may move; comesBack() tells.
 SettingsReading parseSettings(std::string_view text);
 
 /// The 8 lines of a settings file (UTF-8, CR LF).
@@ -39,11 +40,16 @@ class SettingsFile {
     const std::string& path() const { return filePath; }
 
     /// Reads the file into `settings`; a missing one gives the start values. Throws FileError when
-    /// there is a file that cannot be read; `settings` are the start values then too.
+    /// there is a file that cannot be read; `settings` are the start values then too. One above
+    /// mostOwnFileBytes is damaged.
     Outcome read(Settings& settings);
 
-    /// Writes the whole file. One that was damaged or unreadable is first copied beside itself as
-    /// TURNPOST.BAD. Throws FileError; the file is then as it was.
+    /// Where a copy of a damaged file goes: TURNPOST.BAD beside it, or with the next number that is
+    /// free (TURNPOST.BAD2), so that no older copy is lost.
+    std::string copyPath() const;
+
+    /// Writes the whole file. One that was damaged or unreadable is first copied to copyPath().
+    /// Throws FileError; the file is then as it was.
     void write(const Settings& settings);
 
   private:

@@ -1,5 +1,6 @@
 #include "app/AppFixture.h"
 
+#include "platform/CodePage.h"
 #include "storage/GameDetailsFile.h"
 
 namespace turnpost {
@@ -44,13 +45,26 @@ TEST_F(GameFiles, SaveWritesTheWholeGameOverAnOldFileOrSaysWhyNot) {
     EXPECT_EQ(host.read("GAME.NTP") + "2405", saved);
     open(host, "GAME.NTP");
     application.game().GameName = "Mug";
+    application.game().GamePath = host.path() + "\\";
     application.saveGame();
     EXPECT_EQ(host.read("GAME.NTP") + "2405", loaded());
-    expectBox("Details saved to ");
+    expectBox("Details saved to " + folder + "GAME.NTP");
+    const std::string before = host.read("GAME.NTP");
+    application.storeMessage({"", std::string(1U << 20U, 'x')});
+    application.saveGame();
+    expectBox("Cannot write " + folder + "GAME.NTP\r\nIt would be larger");
+    EXPECT_EQ(host.read("GAME.NTP"), before);
+    application.storeMessage({});
     application.game().rows[1].GameFile = "FOLDER.M2";
     host.makeFolder("FOLDER.NTP");
     application.saveGame();
-    expectBox("Cannot write " + folder + "FOLDER.NTP\r\n");
+    expectBox("Cannot write " + folder + "FOLDER.NTP\r\nIt is a folder");
+    for (int i = 0; i < 10; ++i) {
+        application.game().GamePath += application.game().GamePath + "\u00E4";
+    }
+    application.saveGame();
+    EXPECT_TRUE(windows.boxes.back().size() < 1000 && isUtf8(windows.boxes.back()));
+    expectBox("Cannot write " + folder);
     application.newGame();
     application.saveGame();
     expectBox("No game details entered");

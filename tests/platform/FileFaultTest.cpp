@@ -10,6 +10,7 @@
 #include <sys/prctl.h>
 #include <sys/ptrace.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -124,17 +125,29 @@ TEST_F(FileFault, AnyOtherSystemCallThatFailsLeavesTheOldFileWholeAndIsReported)
 #else
     constexpr unsigned renameCall = SYS_renameat;
 #endif
+    // The mode is set where it differs, and has to be where others could read what they could not.
+    struct Case {
+        unsigned call = 0;
+        mode_t mode = 0644;
+        int outcome = refused;
+    };
     // Sanitizers write for themselves; a write that fails has its own test.
-    for (const unsigned call : {unsigned{SYS_openat}, unsigned{SYS_fchmod}, unsigned{SYS_fsync},
-                                unsigned{SYS_close}, renameCall}) {
+    for (const Case& row :
+         {Case{SYS_openat}, Case{SYS_fchmod, 0600}, Case{SYS_fsync}, Case{SYS_close},
+          Case{renameCall}, Case{SYS_fchmod, 0644, replaced}, Case{SYS_fchmod, 0777, replaced}}) {
+        std::filesystem::permissions(path, std::filesystem::perms(row.mode));
         int status = 0;
         waitpid(startChild([&] {
-                    refuseCall(call);
+                    umask(022);
+                    refuseCall(row.call);
                     return replaceAndTell(path);
                 }),
                 &status, 0);
-        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == refused) << call;
-        expectOnlyTheOldFile();
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == row.outcome) << row.call;
+        if (row.outcome == refused) {
+            expectOnlyTheOldFile();
+        }
+        temp.write("A", oldBytes);
     }
 }
 

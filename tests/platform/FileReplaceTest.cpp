@@ -1,5 +1,6 @@
 #include "fakes/TempFolder.h"
 #include "platform/FileError.h"
+#include "platform/Messages.h"
 
 #include <gtest/gtest.h>
 
@@ -39,13 +40,15 @@ TEST_F(FileReplace, ReplacesEveryByteAndLeavesNoNeighbour) {
     EXPECT_EQ(temp.names(), Names({"A"}));
 }
 
-TEST_F(FileReplace, AMissingFolderIsNotMadeAndAFolderInThePlaceStaysWithAllItHolds) {
+TEST_F(FileReplace, AMissingFolderIsNotMadeAndNoFolderOrFileOfAnotherNameIsReplaced) {
     temp.makeFolder("A");
     temp.write("A/kept", "old");
-    EXPECT_NE(failure("A"), "");
+    temp.write("x", "old");
+    EXPECT_EQ(failure("A"), messages::isFolder());
+    EXPECT_EQ(failure({"x\0.NTP", 6}), messages::nulInPath());
     EXPECT_NE(failure("missing/A"), "");
-    EXPECT_EQ(temp.read("A/kept"), "old");
-    EXPECT_EQ(temp.names(), Names({"A"}));
+    EXPECT_EQ(temp.read("A/kept") + temp.read("x"), "oldold");
+    EXPECT_EQ(temp.names(), Names({"A", "x"}));
 }
 
 TEST_F(FileReplace, AWriteProtectedFileOrFolderIsNotReplacedBehindItsOwnersBack) {
@@ -87,13 +90,6 @@ TEST_F(FileReplace, PermissionsStayAndThoseOfANewFileFollowTheUmask) {
         EXPECT_EQ(failure("A"), "");
         EXPECT_EQ(mode(), kept);
     }
-}
-
-TEST_F(FileReplace, WritesOverAFileWhoseNameDiffersInCaseInsteadOfBesideIt) {
-    temp.write("turnpost.ini", "old");
-    EXPECT_EQ(failure("TURNPOST.INI"), "");
-    EXPECT_EQ(temp.read("turnpost.ini"), "new");
-    EXPECT_EQ(temp.names(), Names({"turnpost.ini"}));
 }
 
 TEST_F(FileReplace, ALinkStaysALinkAndItsTargetIsReplacedOrMade) {

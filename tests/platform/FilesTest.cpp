@@ -2,6 +2,7 @@
 
 #include "fakes/TempFolder.h"
 #include "platform/FileError.h"
+#include "platform/Messages.h"
 
 #include <gtest/gtest.h>
 
@@ -13,15 +14,15 @@ namespace turnpost {
 
 class Files : public testing::Test {
   protected:
-    // Also when it hangs, or gives wrong bytes.
-    void expectNoFile(const std::string& path) const {
+    // Also when it hangs, or gives wrong bytes. Another kind is named as what it is.
+    void expectNoFile(const std::string& path, const std::string& kind = "No such file") const {
         EXPECT_EQ(findFile(path), std::nullopt);
         try {
             readFile(path);
             ADD_FAILURE() << "read " << path;
         } catch (const FileError& error) {
             EXPECT_EQ(error.path(), path);
-            EXPECT_FALSE(error.reason().empty());
+            EXPECT_TRUE(error.reason().starts_with(kind)) << error.reason();
         }
     }
 
@@ -35,11 +36,12 @@ TEST_F(Files, AreFoundWhateverTheCaseAndTheSeparatorsOfThePath) {
         EXPECT_EQ(readFile(temp.path(name)), "turn") << name;
     }
     EXPECT_TRUE(findPath(temp.path("stars/cup")).has_value());
-    for (const char* name : {"Stars/Cup/CUP.m11", "Stars/CUP.m1", "stars/cup", "missing"}) {
+    for (const char* name : {"Stars/Cup/CUP.m11", "Stars/CUP.m1", "missing"}) {
         expectNoFile(temp.path(name));
     }
+    expectNoFile(temp.path("Stars"), messages::isFolder());
+    expectNoFile(temp.path("Stars/Cup/CUP.m1") + '\0' + "x", messages::nulInPath());
     EXPECT_EQ(findPath(""), std::nullopt);
-    EXPECT_EQ(findPath(temp.path("Stars") + '\0' + "x"), std::nullopt);
 }
 
 TEST_F(Files, AFolderWithoutAnyOrdinaryFileHoldsNone) {
@@ -78,7 +80,8 @@ TEST_F(Files, ExactNamesGoFirstAndThoseOfNoEncodingDoNotStopTheSearch) {
 TEST_F(Files, APipeIsNoFileAndADanglingLinkHidesNoRealOne) {
     ASSERT_EQ(mkfifo(temp.path("PIPE").c_str(), 0600), 0);
     std::filesystem::create_symlink("nowhere", temp.path("GAME.M1"));
-    expectNoFile(temp.path("PIPE"));
+    expectNoFile(temp.path("PIPE"), messages::isPipe());
+    expectNoFile("/dev/null", messages::isDevice());
     expectNoFile(temp.path("GAME.M1"));
     EXPECT_FALSE(folderHoldsFile(temp.path()));
     temp.write("game.m1", "turn");

@@ -39,17 +39,26 @@ TEST_F(SettingsFiles, ADamagedOneIsKeptBeforeItIsOverwrittenAndOnlyThen) {
     program.write("TURNPOST.INI", damaged);
     expectRead(Outcome::Damaged, {"Host", "", "", {}, ""});
     EXPECT_EQ(program.names(), Names({"TURNPOST.INI"}));
-    program.makeFolder("TURNPOST.BAD");
-    for (int attempt = 0; attempt < 2; ++attempt) {
-        EXPECT_THROW(file.write(sample), FileError);
-    }
-    EXPECT_EQ(program.read("TURNPOST.INI"), damaged) << "lost, since it could not be kept";
-    std::filesystem::remove(toNativePath(program.path("TURNPOST.BAD")));
+    EXPECT_EQ(file.copyPath(), program.path("TURNPOST.BAD"));
     file.write(Settings());
-    EXPECT_EQ(program.read("TURNPOST.BAD"), damaged);
     file.write(sample);
     EXPECT_EQ(program.read("TURNPOST.BAD"), damaged) << "the good file took its place";
     EXPECT_EQ(program.read("TURNPOST.INI"), printSettings(sample));
+    const std::string large = printSettings(sample) + std::string(1U << 20U, 'x');
+    program.write("TURNPOST.INI", large);
+    expectRead(Outcome::Damaged, sample);
+    EXPECT_EQ(file.copyPath(), program.path("TURNPOST.BAD2"));
+    settings.HostName = std::string(1U << 20U, 'x');
+    EXPECT_THROW(file.write(settings), FileError);
+    EXPECT_EQ(program.read("TURNPOST.INI"), large) << "nobody could read what would replace it";
+    file.write(sample);
+    EXPECT_EQ(program.read("TURNPOST.BAD"), damaged) << "the second took the place of the first";
+    EXPECT_EQ(program.read("TURNPOST.BAD2"), large);
+    std::filesystem::resize_file(toNativePath(file.path()), mostFileBytes + 1);
+    expectRead(Outcome::Damaged, sample);
+    EXPECT_THROW(file.write(Settings()), FileError);
+    EXPECT_EQ(std::filesystem::file_size(toNativePath(file.path())), mostFileBytes + 1)
+        << "lost, since it could not be kept";
 }
 
 TEST_F(SettingsFiles, OneThatCannotBeReadIsReportedAndKeptOnceThatIsPossible) {

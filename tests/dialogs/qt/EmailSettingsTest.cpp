@@ -72,7 +72,7 @@ TEST(EmailSettings, AFileThatCannotBeWrittenIsNamedAndTheValuesStayForTheRun) {
     host.chooseMenu("mnuEmailSets");
     ASSERT_TRUE(host.watcher().done());
     EXPECT_EQ(host.watcher().texts()[0],
-              "Cannot write " + host.folder() + "/TURNPOST.INI\nIs a directory");
+              "Cannot write " + host.folder() + "/TURNPOST.INI\nIt is a folder, not a file");
     EXPECT_EQ(host.desktop().app().values().settings.SmtpServer, "after");
 }
 

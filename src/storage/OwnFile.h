@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace turnpost {
+
+/// The largest file that the program reads or writes as one of its own: a thousand times what a
+/// game needs, and little enough to be read in no time.
+inline constexpr size_t mostOwnFileBytes = size_t{1} << 20;
+
+/// Replaces one of the program's own files by this text (UTF-8), in the system's code page. Throws
+/// FileError, also when it would be above mostOwnFileBytes and so be refused when it is read; the
+/// old file is then as it was.
+void writeOwnFile(const std::string& path, const std::string& text);
+
+} // namespace turnpost
