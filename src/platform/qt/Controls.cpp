@@ -1,9 +1,19 @@
 #include "platform/qt/Controls.h"
 
+#include <QKeyEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
 namespace turnpost {
+
+void CaptionButton::keyPressEvent(QKeyEvent* event) {
+    // Whether Enter presses a button would differ from desktop to desktop.
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        event->ignore();
+        return;
+    }
+    QPushButton::keyPressEvent(event);
+}
 
 void CaptionButton::paintEvent(QPaintEvent*) {
     QStyleOptionButton option;

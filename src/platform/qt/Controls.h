@@ -5,12 +5,13 @@
 
 namespace turnpost {
 
-/// A push button whose caption wraps; the toolkit's own never does.
+/// A push button whose caption wraps; the toolkit's own never does. Leaves Enter to its form.
 class CaptionButton final : public QPushButton {
   public:
     using QPushButton::QPushButton;
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
 

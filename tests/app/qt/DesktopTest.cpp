@@ -1,22 +1,9 @@
 #include "desk/Host.h"
-#include "platform/Files.h"
-#include "storage/SettingsFile.h"
 
-#include <QAction>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
 
 namespace turnpost::desk {
-
-TEST(DesktopProgram, StoredGameNamesBecomeMenuEntriesWithoutAccessKeys) {
-    Host host;
-    Settings settings;
-    settings.StoredGames[1] = {"Fire & Ice", "/nowhere/GAME.NTP"};
-    replaceFile(host.folder() + "/TURNPOST.INI", printSettings(settings));
-    host.desktop().startUp();
-    EXPECT_EQ(host.window().findChild<QAction*>("mnuStoredG(1)")->text(), " - Empty - ");
-    EXPECT_EQ(host.window().findChild<QAction*>("mnuStoredG(2)")->text(), "Fire && Ice");
-}
 
 TEST(DesktopProgram, BothWaysOfClosingShrinkTheWindowAndEndTheProgram) {
     for (const bool byMenu : {true, false}) {
