@@ -1,5 +1,4 @@
 #include "dialogs/FolderEntries.h"
-#include "platform/Files.h"
 
 namespace turnpost {
 
@@ -16,7 +15,9 @@ std::optional<std::vector<FolderEntry>> folderEntries(const fs::path& folder) {
         std::error_code unreadable;
         const bool isFolder = entry->is_directory(unreadable);
         if (isFolder || entry->is_regular_file(unreadable)) {
-            std::string name = fromNativePath(entry->path().filename());
+            // Taking the path apart would cost most of the time that a large folder takes.
+            const std::string& path = entry->path().native();
+            std::string name = path.substr(path.find_last_of('/') + 1);
             const bool hidden = name.starts_with('.');
             entries.push_back({std::move(name), isFolder, hidden});
         }

@@ -1,7 +1,8 @@
 #include "dialogs/qt/NameList.h"
 
+#include "platform/qt/Controls.h"
+
 #include <QAbstractListModel>
-#include <QApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -15,16 +16,6 @@ namespace {
 
 constexpr int lineHeight = 18; // pixels
 constexpr int widestStep = 12; // pixels
-constexpr int tipLine = 60;    // characters
-
-// A tip that looks like markup would be shown as such; one without a blank would not wrap.
-QString plainTip(const QString& name) {
-    QStringList lines;
-    for (qsizetype at = 0; at < name.size(); at += tipLine) {
-        lines += name.mid(at, tipLine).toHtmlEscaped();
-    }
-    return "<p style='white-space:pre'>" + lines.join("<br>") + "</p>";
-}
 
 } // namespace
 

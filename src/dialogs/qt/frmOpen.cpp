@@ -7,8 +7,6 @@
 #include "platform/qt/QtText.h"
 #include "platform/qt/Twips.h"
 
-#include <QAbstractItemView>
-#include <QComboBox>
 #include <QDir>
 #include <QKeyEvent>
 #include <QLabel>
@@ -71,11 +69,10 @@ frmOpen::frmOpen(QWidget* parent, Application& usedApplication)
 void frmOpen::addControls() {
     addLabel("txtOpenMessage", toQt(application.values().picker.PickerMessage),
              twipsRect(240, 60, 5415, 315));
-    Drive1 = new QComboBox(client());
+    Drive1 = new CuttingComboBox(client());
     Drive1->setObjectName("Drive1");
     Drive1->setAccessibleName("Drive");
     Drive1->setGeometry(twipsRect(240, 420, 2775, 315));
-    Drive1->view()->setTextElideMode(Qt::ElideMiddle);
     Dir1 = new NameList(client(), "Dir1", "Folder");
     Dir1->setGeometry(twipsRect(240, 900, 2775, 3690));
     File1 = new NameList(client(), "File1", "File");
@@ -102,7 +99,6 @@ void frmOpen::fillDrives() {
     drives = offeredDrives();
     for (const std::string& drive : drives) {
         Drive1->addItem(shownName(drive));
-        Drive1->setItemData(Drive1->count() - 1, shownName(drive).toHtmlEscaped(), Qt::ToolTipRole);
     }
     const std::string own = volumeOf(application.folders().program, drives);
     const auto place = std::find(drives.begin(), drives.end(), own);
