@@ -15,12 +15,12 @@ TEST(Volumes, ThePlacesAreTheRootHomeDriveCAndWhatPeopleUseButNothingOfTheSystem
         {home.path(), "/dev/sda2", "ext4"}, {"/mnt/nas", "nas:/games", "nfs4"},
         {"/proc", "proc", "proc"},          {"/boot/efi", "/dev/sda1", "vfat"},
         {"/bootleg", "/dev/sdc1", "ext4"},  {"/opt/packed", "/dev/loop2", "squashfs"}};
-    const std::string driveC = home.path("prefix/drive_c");
+    const std::string driveC = joinPath(home.path("prefix"), "drive_c");
     EXPECT_EQ(placesForPeople(mounted, home.path(), home.path("prefix")),
               Names({"/", home.path(), driveC, "/mnt/nas", "/bootleg"}));
     EXPECT_EQ(placesForPeople({}, home.path("gone"), home.path()), Names({"/"}));
     home.makeFolder(".wine/drive_c");
-    EXPECT_EQ(placesForPeople({}, home.path(), "").back(), home.path(".wine/drive_c"));
+    EXPECT_EQ(placesForPeople({}, home.path(), "").back(), joinPath(home.path(".wine"), "drive_c"));
 }
 
 TEST(Volumes, AFolderBelongsToTheDeepestMountPointAboveIt) {

@@ -30,11 +30,11 @@ class CaptionCheckBox final : public QCheckBox {
 /// whole in a tip; the toolkit's own clips it.
 class CuttingComboBox final : public QComboBox {
   public:
-    using QComboBox::QComboBox;
+    explicit CuttingComboBox(QWidget* parent) : QComboBox(parent) {}
 
   protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
 
   private:
     QString cutText() const;
