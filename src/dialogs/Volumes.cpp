@@ -1,5 +1,6 @@
 #include "dialogs/Volumes.h"
 
+#include "platform/Files.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
 
@@ -36,29 +37,49 @@ bool isForPeople(const Volume& volume) {
     return (share || disk) && !ofTheSystem;
 }
 
-} // namespace
-
-std::vector<std::string> volumesForPeople(const std::vector<Volume>& mounted) {
-    std::vector<std::string> mountPoints = {"/"};
-    for (const Volume& volume : mounted) {
-        const bool known = std::find(mountPoints.begin(), mountPoints.end(), volume.mountPoint) !=
-                           mountPoints.end();
-        if (!known && isForPeople(volume)) {
-            mountPoints.push_back(volume.mountPoint);
-        }
+void addOnce(std::vector<std::string>& places, const std::string& place) {
+    if (std::find(places.begin(), places.end(), place) == places.end()) {
+        places.push_back(place);
     }
-    return mountPoints;
 }
 
-std::string volumeOf(const std::string& folder, const std::vector<std::string>& mountPoints) {
+bool isFolder(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::is_directory(toNativePath(path), error);
+}
+
+} // namespace
+
+std::vector<std::string> placesForPeople(const std::vector<Volume>& mounted,
+                                         const std::string& home, const std::string& winePrefix) {
+    std::vector<std::string> places = {"/"};
+    if (isFolder(home)) {
+        addOnce(places, home);
+    }
+    for (const std::string& prefix : {winePrefix, joinPath(home, ".wine")}) {
+        const std::string driveC = joinPath(prefix, "drive_c");
+        if (toNativePath(driveC).is_absolute() && isFolder(driveC)) {
+            addOnce(places, driveC);
+            break;
+        }
+    }
+    for (const Volume& volume : mounted) {
+        if (isForPeople(volume)) {
+            addOnce(places, volume.mountPoint);
+        }
+    }
+    return places;
+}
+
+std::string volumeOf(const std::string& folder, const std::vector<std::string>& places) {
     std::string best;
-    for (const std::string& mountPoint : mountPoints) {
+    for (const std::string& place : places) {
         // Drive letters come in either case.
-        const bool drive = mountPoint.size() > 1 && mountPoint[1] == ':';
-        const bool under = drive ? liesUnder(foldCase(folder), foldCase(mountPoint))
-                                 : liesUnder(folder, mountPoint);
-        if (under && mountPoint.size() > best.size()) {
-            best = mountPoint;
+        const bool drive = place.size() > 1 && place[1] == ':';
+        const bool under =
+            drive ? liesUnder(foldCase(folder), foldCase(place)) : liesUnder(folder, place);
+        if (under && place.size() > best.size()) {
+            best = place;
         }
     }
     return best;

@@ -33,7 +33,14 @@ std::string trimSpaces(std::string_view text) {
 }
 
 std::string oneLine(std::string_view text) {
-    return replaceLineBreaks(text, " ");
+    std::string line = replaceLineBreaks(text, " ");
+    for (const std::string_view separator : {"\u2028", "\u2029"}) {
+        for (size_t at = line.find(separator); at != std::string::npos;
+             at = line.find(separator, at)) {
+            line.replace(at, separator.size(), " ");
+        }
+    }
+    return line;
 }
 
 std::string withCrLf(std::string_view text) {

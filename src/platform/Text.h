@@ -8,8 +8,9 @@ namespace turnpost {
 /// The text without the space characters (U+0020 only) at both ends.
 std::string trimSpaces(std::string_view text);
 
-/// The text on one line: every line break (CR LF, CR or LF) becomes one blank, so that no value can
-/// add a line to a conversation or a header.
+/// The text, UTF-8, on one line: every line break (CR LF, CR, LF, or Unicode's line and paragraph
+/// separators U+2028 and U+2029) becomes one blank, so that no value can add a line to a
+/// conversation or a header.
 std::string oneLine(std::string_view text);
 
 /// The text with every line break (CR LF, CR or LF) written as CR LF, the line end of RFC

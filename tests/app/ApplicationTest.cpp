@@ -12,14 +12,26 @@ class Commands : public AppFixture {
 };
 
 TEST_F(Commands, NewForgetsTheGameAndTheAttachmentsButNoSettings) {
+    const auto year = values.game.GameYear;
     application.storeMessage({"subject", "body"});
     application.storeAttachments({0, 1, {"a", "b", "c"}});
     application.newGame();
+    EXPECT_EQ(values.game.rows[3].IncludePlayer, 1);
+    EXPECT_EQ(values.game.GameYear, year);
     EXPECT_EQ(windows.shown, Texts{"values"});
     EXPECT_EQ(values.game.GameName + values.game.GamePath + values.game.HostFileName, "");
     EXPECT_EQ(values.message, MessageTemplate());
     EXPECT_EQ(values.attachments, AttachmentChoices());
     EXPECT_EQ(values.settings.HostName, "Host");
+}
+
+TEST_F(Commands, ABadHostFileIsNamedAndNothingChanges) {
+    host.write("short.hst", std::string(13, 'x'));
+    willPick(host.path(), "short.hst");
+    application.findGame();
+    EXPECT_NE(windows.boxes.at(0).find(host.path("short.hst")), std::string::npos);
+    EXPECT_EQ(values.game.HostFileName, "GAME.HST");
+    EXPECT_EQ(values.game.rows[3].PlayerEmail, "four@example.org");
 }
 
 TEST_F(Commands, InvertTakesTheDistanceToOneOfAValueReadFromAFile) {

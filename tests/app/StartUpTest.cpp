@@ -21,7 +21,7 @@ TEST_F(StartUp, AFirstRunAsksForTheSettingsBeforeTheWindowIsShown) {
     }
 }
 
-TEST_F(StartUp, AFileThatCannotBeReadIsNamedAndTheProgramRunsOn) {
+TEST_F(StartUp, AFileThatCannotBeReadOrWrittenIsNamedAndTheProgramRunsOn) {
     program.makeFolder("TURNPOST.INI");
     application.startUp();
     ASSERT_EQ(windows.boxes.size(), 1U);
@@ -29,6 +29,9 @@ TEST_F(StartUp, AFileThatCannotBeReadIsNamedAndTheProgramRunsOn) {
         windows.boxes[0].starts_with("Cannot read " + program.path("TURNPOST.INI") + "\r\n"));
     EXPECT_EQ(windows.shown.back(), "main window");
     EXPECT_EQ(values.settings, Settings());
+    application.storeEmailSettings("Host", "host@example.org", "mail");
+    EXPECT_TRUE(windows.boxes.back().starts_with("Cannot write " + program.path("TURNPOST.INI")));
+    EXPECT_EQ(values.settings.SmtpServer, "mail") << "the values stay for the run";
 }
 
 } // namespace turnpost

@@ -1,18 +1,26 @@
 #include "dialogs/Volumes.h"
 
+#include "fakes/TempFolder.h"
+
 #include <gtest/gtest.h>
 
 namespace turnpost {
 
 using Names = std::vector<std::string>;
 
-TEST(Volumes, APersonIsOfferedDisksSticksAndSharesTheRootFirstAndNoneOfTheSystemsOwn) {
+TEST(Volumes, ThePlacesAreTheRootHomeDriveCAndWhatPeopleUseButNothingOfTheSystems) {
+    const TempFolder home;
+    home.makeFolder("prefix/drive_c");
     const std::vector<Volume> mounted = {
-        {"/home", "/dev/sda2", "ext4"},     {"/mnt/nas", "nas:/games", "nfs4"},
-        {"/home", "/dev/sda3", "ext4"},     {"/proc", "proc", "proc"},
-        {"/boot/efi", "/dev/sda1", "vfat"}, {"/opt/packed", "/dev/loop2", "squashfs"},
-        {"/bootleg", "/dev/sdc1", "ext4"}};
-    EXPECT_EQ(volumesForPeople(mounted), Names({"/", "/home", "/mnt/nas", "/bootleg"}));
+        {home.path(), "/dev/sda2", "ext4"}, {"/mnt/nas", "nas:/games", "nfs4"},
+        {"/proc", "proc", "proc"},          {"/boot/efi", "/dev/sda1", "vfat"},
+        {"/bootleg", "/dev/sdc1", "ext4"},  {"/opt/packed", "/dev/loop2", "squashfs"}};
+    const std::string driveC = joinPath(home.path("prefix"), "drive_c");
+    EXPECT_EQ(placesForPeople(mounted, home.path(), home.path("prefix")),
+              Names({"/", home.path(), driveC, "/mnt/nas", "/bootleg"}));
+    EXPECT_EQ(placesForPeople({}, home.path("gone"), home.path()), Names({"/"}));
+    home.makeFolder(".wine/drive_c");
+    EXPECT_EQ(placesForPeople({}, home.path(), "").back(), joinPath(home.path(".wine"), "drive_c"));
 }
 
 TEST(Volumes, AFolderBelongsToTheDeepestMountPointAboveIt) {

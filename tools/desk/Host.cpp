@@ -1,19 +1,16 @@
 #include "desk/Host.h"
 
 #include "desk/SampleGame.h"
-#include "desk/Waiting.h"
 #include "platform/Files.h"
 #include "platform/Path.h"
 #include "storage/SettingsFile.h"
 
 #include <QAction>
-#include <QFileSystemModel>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
 #include <QTest>
-#include <QTreeView>
 
 namespace turnpost::desk {
 
@@ -60,34 +57,29 @@ QString Host::textOf(const QString& box) {
 }
 
 void Host::selectFile(QWidget& picker, const QString& folder, const QString& file) {
-    auto* tree = findControl<QTreeView>(picker, "Dir1");
-    auto* list = findControl<QListView>(picker, "File1");
-    const auto clickOn = [](QAbstractItemView* view, const QModelIndex& item) {
-        view->scrollTo(item);
-        const QRect visible = view->visualRect(item).intersected(view->viewport()->rect());
-        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, visible.center());
-    };
-    if (!folder.isEmpty()) {
-        auto* folders = dynamic_cast<QFileSystemModel*>(tree->model());
-        // The tree fills in its own time, and its rows move under the mouse while it does.
-        const bool chosen = waitUntil([&] {
-            const QModelIndex item = folders->index(folder);
-            if (tree->visualRect(item).isValid()) {
-                clickOn(tree, item);
+    const auto lineOf = [&picker](const char* list, const QString& name, int from) {
+        auto* view = findControl<QListView>(picker, list);
+        for (int row = from; row < view->model()->rowCount(); ++row) {
+            const QModelIndex line = view->model()->index(row, 0);
+            if (line.data().toString() == name) {
+                view->scrollTo(line);
+                return view->visualRect(line).center();
             }
-            return folders->filePath(tree->currentIndex()) == folder;
-        });
-        if (!chosen) {
-            throw std::runtime_error("no folder " + folder.toStdString());
         }
+        throw std::runtime_error("no line " + name.toStdString());
+    };
+    QWidget* folders = findControl<QListView>(picker, "Dir1")->viewport();
+    QWidget* files = findControl<QListView>(picker, "File1")->viewport();
+    // From the root down; an empty folder has no parts.
+    int depth = 0;
+    for (const QString& name :
+         folder.split('/', folder.isEmpty() ? Qt::SkipEmptyParts : Qt::KeepEmptyParts)) {
+        const QPoint line = lineOf("Dir1", depth == 0 ? "/" : name, depth);
+        QTest::mouseClick(folders, Qt::LeftButton, {}, line);
+        QTest::mouseDClick(folders, Qt::LeftButton, {}, line);
+        ++depth;
     }
-    const QAbstractItemModel* model = list->model();
-    const QModelIndexList found =
-        model->match(model->index(0, 0), Qt::DisplayRole, file, 1, Qt::MatchExactly);
-    if (found.isEmpty()) {
-        throw std::runtime_error("no file " + file.toStdString());
-    }
-    clickOn(list, found.first());
+    QTest::mouseClick(files, Qt::LeftButton, {}, lineOf("File1", file, 0));
 }
 
 void Host::expectPicker(const QString& file) {

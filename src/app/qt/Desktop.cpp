@@ -16,13 +16,15 @@ namespace turnpost {
 
 namespace {
 
-// A modal window belongs to the window in front of it, or it might open behind that one.
+// A modal window belongs to the window in front of it, or it might open behind that one; before the
+// main window is shown, to that one all the same, or it might stand in the task bar by itself.
 QWidget* frontWindow(frmMain* main) {
     QWidget* modal = QApplication::activeModalWidget();
     if (modal != nullptr) {
         return modal;
     }
-    return main->isVisible() ? main : nullptr;
+    main->winId();
+    return main;
 }
 
 } // namespace

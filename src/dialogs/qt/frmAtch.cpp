@@ -18,7 +18,7 @@ frmAtch::frmAtch(QWidget* parent, Application& usedApplication)
     chkMx->setChecked(choices.SendMFiles == 1);
     for (size_t k = 0; k < txtFile.size(); ++k) {
         addRow(k);
-        txtFile[k]->setText(toQt(choices.ExtraAttachments[k]));
+        showFile(k, choices.ExtraAttachments[k]);
     }
     QPushButton* butOK = addButton("butOK", "OK", twipsRect(1680, 2520, 1695, 495));
     connect(butOK, &QPushButton::clicked, this, &frmAtch::butOK_Click);
@@ -39,12 +39,19 @@ void frmAtch::addRow(size_t k) {
     QPushButton* add = addButton(nameOf("butAddAtch"), "Add...", twipsRect(3120, top, 975, 375));
     QPushButton* remove = addButton(nameOf("butRemove"), "Remove", twipsRect(4200, top, 975, 375));
     connect(add, &QPushButton::clicked, this, [this, k] { butAddAtch_Click(k); });
-    connect(remove, &QPushButton::clicked, txtFile[k], &QLineEdit::clear);
+    connect(remove, &QPushButton::clicked, this, [this, k] { showFile(k, {}); });
 }
 
 void frmAtch::butAddAtch_Click(size_t k) {
     const std::string path = application.pickExtraAttachment();
     if (!path.empty()) {
+        showFile(k, path);
+    }
+}
+
+void frmAtch::showFile(size_t k, const std::string& path) {
+    // An equal text would cost the box its cursor and its undo.
+    if (fromQt(txtFile[k]->text()) != path) {
         txtFile[k]->setText(toQt(path));
     }
 }

@@ -15,6 +15,7 @@ class frmAtch final : public Form {
   private:
     QCheckBox* addCheckBox(const char* name, const QString& caption, const QRect& place);
     void addRow(size_t k);
+    void showFile(size_t k, const std::string& path);
     void butAddAtch_Click(size_t k);
     void butOK_Click();
 

@@ -1,6 +1,7 @@
 #include "dialogs/qt/frmMessage.h"
 
 #include "compose/ExpandTemplate.h"
+#include "platform/qt/OneLineBox.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Twips.h"
 
@@ -30,8 +31,10 @@ frmMessage::frmMessage(QWidget* parent, Application& usedApplication)
 }
 
 void frmMessage::showTemplate(const MessageTemplate& message) {
-    showText(txtMessage, toQt(message.MessageBody));
-    txtSubject->setText(toQt(message.MessageSubject));
+    if (textOf(txtMessage) != message.MessageBody) {
+        showText(txtMessage, toQt(message.MessageBody));
+    }
+    showLine(txtSubject, message.MessageSubject);
 }
 
 void frmMessage::Default_Click() {

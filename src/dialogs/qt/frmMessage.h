@@ -5,10 +5,14 @@
 
 namespace turnpost {
 
-/// The message editor: subject and body of the template. Only OK stores anything.
+/// The message editor: subject and body of the template. Only OK stores anything. Its
+/// buttons do not answer Enter.
 class frmMessage final : public Form {
   public:
     frmMessage(QWidget* parent, Application& usedApplication);
+
+  protected:
+    bool enterPressesButtons() const override { return false; }
 
   private:
     void showTemplate(const MessageTemplate& message);

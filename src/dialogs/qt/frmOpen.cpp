@@ -1,36 +1,54 @@
 #include "dialogs/qt/frmOpen.h"
 
 #include "dialogs/Volumes.h"
+#include "dialogs/qt/NameList.h"
+#include "platform/Text.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Twips.h"
 
-#include <QComboBox>
-#include <QHeaderView>
+#include <QDir>
+#include <QKeyEvent>
 #include <QLabel>
-#include <QListView>
 #include <QStorageInfo>
-#include <QTreeView>
+#include <QStyle>
+#include <algorithm>
 
 namespace turnpost {
 
 namespace {
 
-std::vector<std::string> mountPoints() {
+std::vector<std::string> offeredDrives() {
 #ifdef _WIN32
-    std::vector<std::string> drives;
+    std::vector<std::string> letters;
     for (const QFileInfo& drive : QDir::drives()) {
-        drives.push_back(fromQt(drive.absoluteFilePath()));
+        letters.push_back(fromQt(QDir::toNativeSeparators(drive.absoluteFilePath())));
     }
-    return drives;
+    return letters;
 #else
     std::vector<Volume> volumes;
     for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
         volumes.push_back({fromQt(volume.rootPath()), volume.device().toStdString(),
                            volume.fileSystemType().toStdString()});
     }
-    return volumesForPeople(volumes);
+    return placesForPeople(volumes, qgetenv("HOME").toStdString(),
+                           qgetenv("WINEPREFIX").toStdString());
 #endif
+}
+
+QString shownName(const std::string& name) {
+    return toQt(oneLine(name));
+}
+
+QIcon folderIcon(const QStyle& style, QStyle::StandardPixmap which) {
+    QIcon icon = style.standardIcon(which);
+    // Tinted for the highlight, an open folder would look like a closed one.
+    icon.addPixmap(icon.pixmap(16), QIcon::Selected);
+    return icon;
+}
+
+bool isEnter(int key) {
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
 } // namespace
@@ -40,110 +58,134 @@ frmOpen::frmOpen(QWidget* parent, Application& usedApplication)
     const SharedValues& values = application.values();
     addControls();
     LoadDef->setVisible(offersDefaultGame(values.picker));
-    folders.setFilter(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Drives);
-    folders.setRootPath(QDir::rootPath());
-    Dir1->setModel(&folders);
-    for (int column = 1; column < folders.columnCount(); ++column) {
-        Dir1->hideColumn(column);
-    }
-    File1->setModel(&files);
-    connect(Dir1->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &frmOpen::Dir1_Change);
-    connect(File1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &frmOpen::File1_Click);
-    // The tree fills later and would move the folder out of sight as it does.
-    connect(&folders, &QFileSystemModel::directoryLoaded, this, [this](const QString& loaded) {
-        if (QDir::fromNativeSeparators(folder).startsWith(loaded)) {
-            showFolderInTree();
-        }
-    });
+    const std::string& program = application.folders().program;
+    auto folder =
+        listFolder(pickerStartFolder(values.game.GamePath, program), values.picker.PickerPattern);
+    showFolder(folder ? folder : listNearestFolder(program, values.picker.PickerPattern));
     fillDrives();
-    openFolder(toQt(pickerStartFolder(values.game.GamePath, application.folders().program)));
+    (shown.files.empty() ? Dir1 : File1)->setFocus();
 }
 
 void frmOpen::addControls() {
     addLabel("txtOpenMessage", toQt(application.values().picker.PickerMessage),
              twipsRect(240, 60, 5415, 315));
-    Drive1 = new QComboBox(client());
+    Drive1 = new CuttingComboBox(client());
     Drive1->setObjectName("Drive1");
     Drive1->setAccessibleName("Drive");
     Drive1->setGeometry(twipsRect(240, 420, 2775, 315));
-    Dir1 = new QTreeView(client());
-    Dir1->setObjectName("Dir1");
-    Dir1->setAccessibleName("Folder");
+    Dir1 = new NameList(client(), "Dir1", "Folder");
     Dir1->setGeometry(twipsRect(240, 900, 2775, 3690));
-    Dir1->setHeaderHidden(true);
-    Dir1->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    Dir1->header()->setStretchLastSection(false);
-    Dir1->setIndentation(toPixels(180));
-    File1 = new QListView(client());
-    File1->setObjectName("File1");
-    File1->setAccessibleName("File");
+    File1 = new NameList(client(), "File1", "File");
     File1->setGeometry(twipsRect(3120, 420, 2535, 4185));
-    File1->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    File1->cutInTheMiddle();
     butLoad = addButton("butLoad", "Load", twipsRect(5880, 240, 1215, 495));
-    butLoad->setEnabled(false);
     QPushButton* butCancel = addButton("butCancel", "Cancel", twipsRect(5880, 840, 1215, 495));
     LoadDef = new CaptionCheckBox("Load as Default?", client());
     LoadDef->setObjectName("LoadDef");
     LoadDef->setGeometry(twipsRect(5940, 2340, 1035, 855));
+    Dir1->installEventFilter(this);
+    File1->installEventFilter(this);
     connect(Drive1, &QComboBox::activated, this, &frmOpen::Drive1_Change);
-    connect(File1, &QListView::doubleClicked, this, &frmOpen::butLoad_Click);
+    connect(Dir1, &NameList::doubleClicked, this,
+            [this](const QModelIndex& line) { Dir1_Change(line.row()); });
+    connect(File1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &frmOpen::File1_Click);
+    connect(File1, &NameList::doubleClicked, this, &frmOpen::butLoad_Click);
     connect(butLoad, &QPushButton::clicked, this, &frmOpen::butLoad_Click);
     connect(butCancel, &QPushButton::clicked, this, &frmOpen::butCancel_Click);
 }
 
 void frmOpen::fillDrives() {
-    const auto drives = mountPoints();
+    drives = offeredDrives();
     for (const std::string& drive : drives) {
-        Drive1->addItem(QDir::toNativeSeparators(toQt(drive)), toQt(drive));
+        Drive1->addItem(shownName(drive));
     }
-    const std::string own = fromQt(QDir::fromNativeSeparators(toQt(application.folders().program)));
-    Drive1->setCurrentIndex(Drive1->findData(toQt(volumeOf(own, drives))));
+    const std::string own = volumeOf(application.folders().program, drives);
+    const auto place = std::find(drives.begin(), drives.end(), own);
+    Drive1->setCurrentIndex(place == drives.end() ? -1 : static_cast<int>(place - drives.begin()));
 }
 
-void frmOpen::openFolder(const QString& path) {
-    // The tree has an index even for a folder that does not exist.
-    if (!QDir(path).exists()) {
-        return;
+void frmOpen::showFolder(std::optional<FolderList> folder) {
+    shown = std::move(folder).value_or(FolderList());
+    const QIcon open = folderIcon(*style(), QStyle::SP_DirOpenIcon);
+    const QIcon closed = folderIcon(*style(), QStyle::SP_DirClosedIcon);
+    std::vector<NameList::Line> lines;
+    for (size_t i = 0; i < shown.lines.size(); ++i) {
+        const bool isCurrent = i == shown.current;
+        lines.push_back({shownName(shown.lines[i].name), isCurrent ? open : closed,
+                         static_cast<int>(std::min(i, shown.current + 1)),
+                         isCurrent ? "open folder" : QString()});
     }
-    const QModelIndex index = folders.index(path);
-    if (index == Dir1->currentIndex()) {
-        Dir1_Change(index);
+    Dir1->setLines(std::move(lines));
+    if (!shown.lines.empty()) {
+        Dir1->selectLine(shown.current);
     }
-    Dir1->setCurrentIndex(index);
-    showFolderInTree();
-}
-
-void frmOpen::showFolderInTree() {
-    const QModelIndex current = Dir1->currentIndex();
-    Dir1->expand(current);
-    Dir1->scrollTo(current, QAbstractItemView::PositionAtCenter);
-}
-
-void frmOpen::Drive1_Change(int index) {
-    openFolder(Drive1->itemData(index).toString());
-}
-
-void frmOpen::Dir1_Change(const QModelIndex& chosen) {
-    folder = QDir::toNativeSeparators(folders.filePath(chosen));
-    const QString pattern = toQt(application.values().picker.PickerPattern);
-    files.setStringList(QDir(folder).entryList({pattern == anyFilePattern ? QString("*") : pattern},
-                                               QDir::Files, QDir::Name | QDir::IgnoreCase));
-    File1->clearSelection();
+    std::vector<NameList::Line> files;
+    for (const std::string& file : shown.files) {
+        files.push_back({shownName(file), {}, 0, {}});
+    }
+    File1->setLines(std::move(files));
     File1_Click();
 }
 
+void frmOpen::showEvent(QShowEvent* event) {
+    Form::showEvent(event);
+    if (!shown.lines.empty()) {
+        // Only now has the list its height.
+        Dir1->selectLine(shown.current);
+    }
+}
+
+bool frmOpen::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        const auto* press = static_cast<QKeyEvent*>(event);
+        if (watched == Dir1 && Dir1_KeyDown(press->key())) {
+            return true;
+        }
+        if (watched == File1 && isEnter(press->key())) {
+            if (!press->isAutoRepeat()) {
+                butLoad_Click();
+            }
+            return true;
+        }
+    }
+    return Form::eventFilter(watched, event);
+}
+
+bool frmOpen::Dir1_KeyDown(int key) {
+    const int line = Dir1->selectedLine();
+    const bool down = isEnter(key) || key == Qt::Key_Right;
+    const bool up = key == Qt::Key_Left || key == Qt::Key_Backspace;
+    if (line >= 0 && down) {
+        Dir1_Change(line);
+    } else if (line >= 0 && up) {
+        // The lines from the root to the current folder stand below each other; all that follow are
+        // in the current one.
+        Dir1_Change(std::max(0, std::min(line - 1, static_cast<int>(shown.current))));
+    }
+    return down || up;
+}
+
+void frmOpen::Drive1_Change(int index) {
+    showFolder(listFolder(drives.at(static_cast<size_t>(index)),
+                          application.values().picker.PickerPattern));
+}
+
+void frmOpen::Dir1_Change(int line) {
+    showFolder(listNearestFolder(shown.lines.at(static_cast<size_t>(line)).path,
+                                 application.values().picker.PickerPattern));
+}
+
 void frmOpen::File1_Click() {
-    butLoad->setEnabled(File1->selectionModel()->hasSelection());
+    butLoad->setEnabled(File1->selectedLine() >= 0);
 }
 
 void frmOpen::butLoad_Click() {
-    const QModelIndexList selected = File1->selectionModel()->selectedIndexes();
-    if (selected.isEmpty()) {
+    const int file = File1->selectedLine();
+    if (file < 0) {
         return;
     }
-    application.pickFile(fromQt(folder), fromQt(selected.first().data().toString()),
+    application.pickFile(shown.folder(), shown.files.at(static_cast<size_t>(file)),
                          LoadDef->isChecked());
     accept();
 }

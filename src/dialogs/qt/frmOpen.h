@@ -1,17 +1,15 @@
 #pragma once
 
 #include "app/Application.h"
+#include "dialogs/FolderList.h"
 #include "platform/qt/Form.h"
-
-#include <QFileSystemModel>
-#include <QStringListModel>
 
 class QCheckBox;
 class QComboBox;
-class QListView;
-class QTreeView;
 
 namespace turnpost {
+
+class NameList;
 
 /// The file picker. Leaves the chosen file, or that nothing was chosen, with the application.
 class frmOpen final : public Form {
@@ -21,26 +19,29 @@ class frmOpen final : public Form {
     /// Every way of closing but Load is Cancel.
     void reject() override { butCancel_Click(); }
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
   private:
     void addControls();
     void fillDrives();
-    void openFolder(const QString& folder);
-    void showFolderInTree();
+    void showFolder(std::optional<FolderList> folder);
+    bool Dir1_KeyDown(int key);
     void Drive1_Change(int index);
-    void Dir1_Change(const QModelIndex& folder);
+    void Dir1_Change(int line);
     void File1_Click();
     void butLoad_Click();
     void butCancel_Click();
 
     Application& application;
     QComboBox* Drive1 = nullptr;
-    QTreeView* Dir1 = nullptr;
-    QListView* File1 = nullptr;
+    NameList* Dir1 = nullptr;
+    NameList* File1 = nullptr;
     QPushButton* butLoad = nullptr;
     QCheckBox* LoadDef = nullptr;
-    QFileSystemModel folders;
-    QStringListModel files;
-    QString folder;
+    std::vector<std::string> drives;
+    FolderList shown;
 };
 
 } // namespace turnpost

@@ -1,9 +1,22 @@
 #include "platform/qt/Controls.h"
 
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QStringList>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+#include <QToolTip>
 
 namespace turnpost {
+
+void CaptionButton::keyPressEvent(QKeyEvent* event) {
+    // Whether Enter presses a button would differ from desktop to desktop.
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        event->ignore();
+        return;
+    }
+    QPushButton::keyPressEvent(event);
+}
 
 void CaptionButton::paintEvent(QPaintEvent*) {
     QStyleOptionButton option;
@@ -35,6 +48,42 @@ void CaptionCheckBox::paintEvent(QPaintEvent*) {
         focus.rect = textRect;
         painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
     }
+}
+
+bool CuttingComboBox::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) {
+        return QComboBox::event(event);
+    }
+    const QPoint place = static_cast<QHelpEvent*>(event)->globalPos();
+    QToolTip::showText(place, cutText() == currentText() ? QString() : plainTip(currentText()),
+                       this);
+    return true;
+}
+
+QString CuttingComboBox::cutText() const {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    return fontMetrics().elidedText(currentText(), Qt::ElideMiddle, field.width() - 4);
+}
+
+void CuttingComboBox::paintEvent(QPaintEvent*) {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    option.currentText = cutText();
+    QStylePainter painter(this);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+QString plainTip(const QString& text) {
+    constexpr qsizetype lineLength = 60;
+    QStringList lines;
+    for (qsizetype at = 0; at < text.size(); at += lineLength) {
+        lines += text.mid(at, lineLength).toHtmlEscaped();
+    }
+    return "<p style='white-space:pre'>" + lines.join("<br>") + "</p>";
 }
 
 } // namespace turnpost

@@ -1,16 +1,18 @@
 #pragma once
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QPushButton>
 
 namespace turnpost {
 
-/// A push button whose caption wraps; the toolkit's own never does.
+/// A push button whose caption wraps; the toolkit's own never does. Leaves Enter to its form.
 class CaptionButton final : public QPushButton {
   public:
     using QPushButton::QPushButton;
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
 
@@ -23,5 +25,23 @@ class CaptionCheckBox final : public QCheckBox {
     void paintEvent(QPaintEvent* event) override;
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
 };
+
+/// A drop-down list that cuts its text with "…" in the middle when it is too long, and shows it
+/// whole in a tip; the toolkit's own clips it.
+class CuttingComboBox final : public QComboBox {
+  public:
+    explicit CuttingComboBox(QWidget* parent) : QComboBox(parent) {}
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
+
+  private:
+    QString cutText() const;
+};
+
+/// A tip with this text, plain whatever it holds, with a line break after each 60 characters: the
+/// toolkit would take what looks like markup for markup, and breaks no line without blanks.
+QString plainTip(const QString& text);
 
 } // namespace turnpost

@@ -1,17 +1,16 @@
 #include "platform/qt/Form.h"
 
 #include "platform/qt/Controls.h"
+#include "platform/qt/OneLineBox.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Twips.h"
+#include "platform/qt/WindowFrame.h"
 
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QScreen>
 #include <QTextOption>
 #include <algorithm>
-#include <limits>
 
 namespace turnpost {
 
@@ -31,8 +30,17 @@ void showAsReadOnly(QWidget* box) {
 
 } // namespace
 
-Form::Form(QWidget* parent, const QString& name, const QString& caption, QSize clientSize)
+Form::Form(QWidget* parent, const QString& name, const QString& caption, QSize clientSize,
+           Frame frame)
     : QDialog(parent), clientArea(new QWidget(this)) {
+    if (frame == Frame::Dialog) {
+        frameAsDialog(this);
+    } else {
+        setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                       Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+                       Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint);
+        centreOnScreen(this);
+    }
     setObjectName(name);
     setWindowTitle(caption);
     QFont small = font();
@@ -48,17 +56,14 @@ void Form::setMenuHeight(int pixels) {
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
-    // QDialog would close on Escape and press some button on Enter.
+    // QDialog would close on Escape and press some other button on Enter.
     event->ignore();
-}
-
-void Form::showEvent(QShowEvent* event) {
-    QDialog::showEvent(event);
-    if (!placed) {
-        placed = true;
-        QRect frame = frameGeometry();
-        frame.moveCenter(screen()->availableGeometry().center());
-        move(frame.topLeft());
+    auto* button = qobject_cast<QPushButton*>(focusWidget());
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    // A key held down presses once.
+    if (enter && button != nullptr && enterPressesButtons() && !event->isAutoRepeat()) {
+        event->accept();
+        button->click();
     }
 }
 
@@ -99,12 +104,10 @@ QPushButton* Form::addButton(const QString& name, const QString& caption, const 
 
 QLineEdit* makeTextBox(QWidget* parent, const QString& name, const QRect& place,
                        const QString& accessibleName) {
-    auto* box = new QLineEdit(parent);
+    auto* box = new OneLineBox(parent);
     box->setObjectName(name);
     box->setGeometry(place);
     box->setAccessibleName(accessibleName);
-    // The toolkit's own limit of 32767 characters would cut longer texts without a word.
-    box->setMaxLength(std::numeric_limits<int>::max());
     return box;
 }
 

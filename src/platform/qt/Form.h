@@ -10,17 +10,23 @@ class QPushButton;
 
 namespace turnpost {
 
-/// Base of all windows: a fixed size in twips, centred on the screen, controls placed by hand, one
-/// font small enough for every caption. Escape and Enter do nothing. Texts of labels and boxes are
-/// plain, whatever they hold. Controls carry their names as object names.
+/// Base of all windows: a fixed size in twips, centred on the screen with its frame, controls
+/// placed by hand, one font small enough for every caption. Enter presses the button that has the
+/// focus; Escape does nothing. Texts of labels and boxes are plain, whatever they hold. Controls
+/// carry their names as object names.
 class Form : public QDialog {
   public:
+    /// A dialog has neither minimise nor maximise box and no entry in the task bar, the main window
+    /// no maximise box.
+    enum class Frame { Dialog, MainWindow };
+
     /// `clientSize` in twips.
-    Form(QWidget* parent, const QString& name, const QString& caption, QSize clientSize);
+    Form(QWidget* parent, const QString& name, const QString& caption, QSize clientSize,
+         Frame frame = Frame::Dialog);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void showEvent(QShowEvent* event) override;
+    virtual bool enterPressesButtons() const { return true; }
 
     /// Makes room above the client area, in pixels, for a menu bar.
     void setMenuHeight(int pixels);
@@ -36,10 +42,9 @@ class Form : public QDialog {
 
   private:
     QWidget* clientArea;
-    bool placed = false;
 };
 
-/// A one-line text box without a limit to its text, at a place in pixels.
+/// A one-line text box that holds one line of any length (OneLineBox), at a place in pixels.
 QLineEdit* makeTextBox(QWidget* parent, const QString& name, const QRect& place,
                        const QString& accessibleName);
 

@@ -1,6 +1,7 @@
 #include "roster/qt/RosterRows.h"
 
 #include "platform/qt/Form.h"
+#include "platform/qt/OneLineBox.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Twips.h"
 
@@ -22,15 +23,6 @@ int topOf(int index) {
 
 QString nameOf(const char* control, int index) {
     return QString("%1(%2)").arg(control).arg(index);
-}
-
-void setTextIfOther(QLineEdit* box, const std::string& text) {
-    // Setting an equal text would move the cursor of a box that the host is typing in.
-    if (fromQt(box->text()) != text) {
-        const QSignalBlocker blocker(box);
-        box->setText(toQt(text));
-        box->setCursorPosition(0);
-    }
 }
 
 } // namespace
@@ -89,10 +81,10 @@ void RosterRows::showGame() {
             const QSignalBlocker blocker(row.IncludePlayer);
             row.IncludePlayer->setChecked(slot.IncludePlayer != 0);
         }
-        setTextIfOther(row.PlayerName, slot.PlayerName);
-        setTextIfOther(row.PlayerEmail, slot.PlayerEmail);
-        setTextIfOther(row.AltEmail, slot.AltEmail);
-        setTextIfOther(row.GameFile, slot.GameFile);
+        showLine(row.PlayerName, slot.PlayerName);
+        showLine(row.PlayerEmail, slot.PlayerEmail);
+        showLine(row.AltEmail, slot.AltEmail);
+        showLine(row.GameFile, slot.GameFile);
         QWidget* const controls[] = {row.PlayNum,     row.IncludePlayer, row.PlayerName,
                                      row.PlayerEmail, row.AltEmail,      row.GameFile};
         for (QWidget* control : controls) {

@@ -1,5 +1,6 @@
 #include "roster/qt/frmMain.h"
 
+#include "platform/qt/OneLineBox.h"
 #include "platform/qt/QtText.h"
 #include "roster/qt/MainClosing.h"
 
@@ -11,7 +12,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSignalBlocker>
 #include <cmath>
 #include <utility>
 
@@ -25,9 +25,8 @@ constexpr int trackLength = 176; // pixels, between the "0%" and "100%" labels
 
 void frmMain::showValues() {
     const SharedValues& values = application.values();
-    const QSignalBlocker blocker(GameName);
-    GameName->setText(toQt(values.game.GameName));
-    txtGamePath->setText(toQt(values.game.GamePath));
+    showLine(GameName, values.game.GameName);
+    showLine(txtGamePath, values.game.GamePath);
     txtYear->setText(QString::number(values.game.GameYear));
     rows->showGame();
     for (size_t slot = 0; slot < mnuStoredG.size(); ++slot) {

@@ -34,6 +34,7 @@ class frmMain final : public Form {
     void addProgress();
     void addHeadings();
     void addMenus();
+    void setTabOrderByLines();
     QAction* addItem(QMenu* menu, const char* name, const QString& caption,
                      void (frmMain::*handler)());
 

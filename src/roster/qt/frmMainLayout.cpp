@@ -15,10 +15,7 @@
 namespace turnpost {
 
 frmMain::frmMain(Application& usedApplication)
-    : Form(nullptr, "frmMain", {}, {9600, 7200}), application(usedApplication) {
-    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                   Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
-                   Qt::WindowCloseButtonHint);
+    : Form(nullptr, "frmMain", {}, {9600, 7200}, Frame::MainWindow), application(usedApplication) {
     addMenus();
     addGameBoxes();
     addSelection();
@@ -26,6 +23,21 @@ frmMain::frmMain(Application& usedApplication)
     addProgress();
     addHeadings();
     rows = new RosterRows(client(), application.game());
+    setTabOrderByLines();
+}
+
+void frmMain::setTabOrderByLines() {
+    const char* const order[] = {"GameName",    "Command1",        "butSend",    "butAtch",
+                                 "txtGamePath", "GameChoose",      "PlaySel(0)", "PlaySel(1)",
+                                 "PlaySel(2)",  "IncludePlayer(0)"};
+    QWidget* before = nullptr;
+    for (const char* name : order) {
+        auto* control = findChild<QWidget*>(name);
+        if (before != nullptr) {
+            setTabOrder(before, control);
+        }
+        before = control;
+    }
 }
 
 void frmMain::addGameBoxes() {

@@ -1,25 +1,12 @@
 #include "desk/Host.h"
 #include "fakes/FakeMail.h"
-#include "platform/Files.h"
-#include "storage/SettingsFile.h"
 
-#include <QAction>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
 namespace turnpost::desk {
-
-TEST(DesktopProgram, StoredGameNamesBecomeMenuEntriesWithoutAccessKeys) {
-    Host host;
-    Settings settings;
-    settings.StoredGames[1] = {"Fire & Ice", "/nowhere/GAME.NTP"};
-    replaceFile(host.folder() + "/TURNPOST.INI", printSettings(settings));
-    host.desktop().startUp();
-    EXPECT_EQ(host.window().findChild<QAction*>("mnuStoredG(1)")->text(), " - Empty - ");
-    EXPECT_EQ(host.window().findChild<QAction*>("mnuStoredG(2)")->text(), "Fire && Ice");
-}
 
 TEST(DesktopProgram, BothWaysOfClosingShrinkTheWindowAndEndTheProgram) {
     for (const bool byMenu : {true, false}) {

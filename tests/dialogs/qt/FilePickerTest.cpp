@@ -1,10 +1,10 @@
 #include "desk/Host.h"
 #include "desk/SampleGame.h"
-#include "desk/Waiting.h"
 #include "platform/Files.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
@@ -15,8 +15,8 @@ namespace turnpost::desk {
 
 namespace {
 
-QStringList shownFiles(QWidget& form) {
-    const auto* model = findControl<QListView>(form, "File1")->model();
+QStringList shown(QWidget& form, const char* list) {
+    const auto* model = findControl<QListView>(form, list)->model();
     QStringList names;
     for (int row = 0; row < model->rowCount(); ++row) {
         names += model->index(row, 0).data().toString();
@@ -31,9 +31,10 @@ class Picker : public testing::Test {
     Picker() {
         host.saveSettings("localhost");
         makeSampleGame(host.folder(), {{1, 10}});
-        makeSampleGame(host.folder() + "/Deep", {{3, 10}});
+        makeSampleGame(host.folder() + "/.deep", {{3, 10}});
         replaceFile(host.folder() + "/other.hst", std::string(12, 'x') + '\x01' + '\0');
         replaceFile(host.folder() + "/notes.txt", "no game");
+        replaceFile(host.folder() + "/.HST", "hidden");
         host.desktop().startUp();
     }
 
@@ -53,57 +54,71 @@ TEST_F(Picker, ListsMatchingFilesOfAnyCaseAndLoadsOnlyASelectedOne) {
     openBy("GameChoose", [this](QWidget& form) {
         EXPECT_EQ(findControl<QLabel>(form, "txtOpenMessage")->text(),
                   "Find Stars! Host File (*.HST)");
-        EXPECT_EQ(shownFiles(form), (QStringList{"GAME.HST", "other.hst"}));
+        EXPECT_EQ(shown(form, "File1"), (QStringList{"GAME.HST", "other.hst", ".HST"}));
         EXPECT_FALSE(findControl<QCheckBox>(form, "LoadDef")->isVisible());
         auto* load = findControl<QPushButton>(form, "butLoad");
         EXPECT_FALSE(load->isEnabled());
         host.selectFile(form, {}, "other.hst");
         EXPECT_TRUE(load->isEnabled());
-        host.click("butLoad", &form);
+        auto* files = findControl<QListView>(form, "File1");
+        QTest::mouseDClick(files->viewport(), Qt::LeftButton, {},
+                           files->visualRect(files->currentIndex()).center());
     });
     EXPECT_EQ(game().HostFileName, "other.hst");
     EXPECT_EQ(game().GamePath, host.folder() + "/");
     EXPECT_EQ(game().GameYear, 2401);
 }
 
-TEST_F(Picker, ChoosingAFolderOrADriveMakesLoadUnavailableAndTheNextOpeningStartsInTheGame) {
-    openBy("GameChoose", [this](QWidget& form) {
+TEST_F(Picker, ChoosingAFolderOrADriveMakesLoadUnavailableAndAGoneDriveEmptiesTheLists) {
+    const QTemporaryDir home;
+    qputenv("HOME", home.filePath("home").toUtf8());
+    QDir(home.path()).mkdir("home");
+    openBy("GameChoose", [&](QWidget& form) {
         auto* load = findControl<QPushButton>(form, "butLoad");
-        host.selectFile(form, {}, "GAME.HST");
-        host.selectFile(form, QString::fromStdString(host.folder() + "/Deep"), "GAME.HST");
-        EXPECT_TRUE(load->isEnabled());
         auto* drives = findControl<QComboBox>(form, "Drive1");
-        EXPECT_EQ(drives->itemText(0), "/");
-        EXPECT_GE(drives->currentIndex(), 0);
-        emit drives->activated(0);
+        EXPECT_EQ(drives->itemText(1), home.filePath("home"));
+        emit drives->activated(1);
+        host.selectFile(form, QString::fromStdString(host.folder() + "/.deep"), "GAME.HST");
+        EXPECT_TRUE(load->isEnabled());
+        QDir(home.path()).rmdir("home");
+        emit drives->activated(1);
         EXPECT_FALSE(load->isEnabled());
-        host.selectFile(form, QString::fromStdString(host.folder() + "/Deep"), "GAME.HST");
-        auto* files = findControl<QListView>(form, "File1");
-        QTest::mouseDClick(files->viewport(), Qt::LeftButton, {},
-                           files->visualRect(files->currentIndex()).center());
-    });
-    EXPECT_EQ(game().GamePath, host.folder() + "/Deep/");
-    EXPECT_TRUE(game().rows[2].Shown);
-    openBy("GameChoose", [](QWidget& form) {
-        EXPECT_EQ(shownFiles(form), QStringList{"GAME.HST"});
+        EXPECT_EQ(shown(form, "File1") + shown(form, "Dir1"), QStringList());
         form.close();
     });
 }
 
-TEST_F(Picker, CancelAndTheCloseControlChangeNothing) {
-    for (const bool byButton : {true, false}) {
-        openBy("GameChoose", [this, byButton](QWidget& form) {
-            host.selectFile(form, {}, "GAME.HST");
-            if (byButton) {
-                host.click("butCancel", &form);
-            } else {
-                form.close();
-            }
-        });
-        EXPECT_EQ(game().HostFileName, "");
-        EXPECT_EQ(host.desktop().app().values().picker.PickerCancelled, 1);
-        EXPECT_EQ(host.desktop().app().values().picker.PickedFile, "");
-    }
+TEST_F(Picker, KeysAloneOpenFoldersSelectFromTheFirstPressAndLoad) {
+    openBy("GameChoose", [this](QWidget& form) {
+        auto* folders = findControl<QListView>(form, "Dir1");
+        auto* files = findControl<QListView>(form, "File1");
+        const auto current = [folders] { return folders->currentIndex().data().toString(); };
+        const QString start = current();
+        QTest::keyClick(folders, Qt::Key_Left);
+        QTest::keyClicks(folders, start);
+        QTest::keyClick(folders, Qt::Key_Right);
+        EXPECT_EQ(current(), QString::fromStdString(host.folder()).section('/', -1));
+        QTest::keyClick(folders, Qt::Key_End);
+        QTest::keyClick(folders, Qt::Key_Return);
+        EXPECT_EQ(shown(form, "File1"), QStringList{"GAME.HST"});
+        for (const auto key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Home, Qt::Key_End}) {
+            files->clearSelection();
+            QTest::keyClick(files, key);
+            EXPECT_TRUE(findControl<QPushButton>(form, "butLoad")->isEnabled()) << key;
+        }
+        QTest::keyClick(files, Qt::Key_Enter);
+    });
+    EXPECT_EQ(game().GamePath, host.folder() + "/.deep/");
+    EXPECT_TRUE(game().rows[2].Shown);
+}
+
+TEST_F(Picker, TheCloseControlChangesNothing) {
+    openBy("GameChoose", [this](QWidget& form) {
+        host.selectFile(form, {}, "GAME.HST");
+        form.close();
+    });
+    EXPECT_EQ(game().HostFileName, "");
+    EXPECT_EQ(host.desktop().app().values().picker.PickerCancelled, 1);
 }
 
 } // namespace turnpost::desk

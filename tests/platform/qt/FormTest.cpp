@@ -3,10 +3,15 @@
 #include "desk/ModalWatcher.h"
 #include "platform/qt/QtMessageBox.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -20,17 +25,18 @@ class SampleForm final : public Form {
         label = addLabel("label", "<b>no</b> & plain", QRect(0, 0, 100, 20));
         area = addTextArea("area", QRect(0, 30, 100, 40), "Area");
         box = addTextBox("box", QRect(0, 80, 100, 20), "Box");
-        addButton("button", "OK", QRect(110, 0, 60, 30));
+        button = addButton("button", "OK", QRect(110, 0, 60, 30));
     }
 
     QLabel* label;
     QPlainTextEdit* area;
     QLineEdit* box;
+    QPushButton* button;
 };
 
 } // namespace
 
-TEST(Form, HasTheSizeInPixelsAndNeitherEscapeNorEnterClosesIt) {
+TEST(Form, HasTheSizeInPixelsAndEnterPressesTheFocusedButtonOnceAndClosesNothing) {
     SampleForm form;
     int closed = 0;
     QObject::connect(&form, &QDialog::finished, [&closed] { ++closed; });
@@ -40,8 +46,35 @@ TEST(Form, HasTheSizeInPixelsAndNeitherEscapeNorEnterClosesIt) {
     QTest::keyClick(&form, Qt::Key_Escape);
     QTest::keyClick(&form, Qt::Key_Return);
     QTest::keyClick(form.box, Qt::Key_Enter);
+    int pressed = 0;
+    QObject::connect(form.button, &QPushButton::clicked, [&pressed] { ++pressed; });
+    form.button->setFocus();
+    QTest::keyClick(form.button, Qt::Key_Return);
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
+    QApplication::sendEvent(form.button, &held);
+    EXPECT_EQ(pressed, 1);
     EXPECT_EQ(closed, 0);
     EXPECT_TRUE(form.isVisible());
+}
+
+TEST(Form, AOneLineBoxHoldsOneLineHoweverTheTextComesInAndAPasteCanBeUndone) {
+    SampleForm form;
+    form.show();
+    const QString broken("a\r\nb\nc\rd\u2028e\u2029f");
+    QApplication::clipboard()->setText(broken);
+    QTest::keyClicks(form.box, "x");
+    QTest::keySequence(form.box, QKeySequence::Paste);
+    EXPECT_EQ(form.box->text(), "xa b c d e f");
+    QTest::keySequence(form.box, QKeySequence::Undo);
+    EXPECT_EQ(form.box->text(), "x");
+    form.box->clear();
+    QMimeData dragged;
+    dragged.setText(broken);
+    QDropEvent drop({5, 5}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    static_cast<QObject*>(form.box)->event(&drop);
+    EXPECT_EQ(form.box->text(), "a b c d e f");
+    form.box->setText(broken + "!");
+    EXPECT_EQ(form.box->text(), "a b c d e f!");
 }
 
 TEST(Form, ForeignTextIsShownPlainInLabelsAndMessageBoxes) {
