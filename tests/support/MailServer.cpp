@@ -10,7 +10,7 @@ namespace turnpost::desk {
 
 namespace {
 
-constexpr int longestDelivery = 120000; // milliseconds
+constexpr int longestDelivery = 30000; // milliseconds
 
 // Everything in the text that the pattern matches.
 QStringList findAll(const QString& pattern, const QString& text) {
