@@ -1,9 +1,9 @@
 #include "FaultTable.h"
-#include "desk/Delivery.h"
 #include "desk/Host.h"
-#include "desk/Resources.h"
 #include "desk/SampleGame.h"
+#include "desk/UuDecoder.h"
 #include "desk/Waiting.h"
+#include "support/Resources.h"
 
 #include <gtest/gtest.h>
 
@@ -16,6 +16,28 @@ using Outcome = Fault::Outcome;
 // Small blocks that the C library keeps for the next request count as in use, some 30 KiB by
 // chance, unless that is switched off, as CTest does.
 const size_t heapSlack = qEnvironmentVariableIsSet("GLIBC_TUNABLES") ? 4096 : 65536;
+
+// What is wrong with a conversation that should have brought player N, at pN@example.org, the host
+// host@example.org's message with just this turn file; empty when all is well.
+std::string deliveryFault(const ScriptedServer::Conversation& conversation, int player,
+                          const std::string& turnFile) {
+    const std::string number = std::to_string(player);
+    const std::vector<std::string> commands = {"HELO host", "MAIL FROM:host@example.org",
+                                               "RCPT TO:p" + number + "@example.org", "DATA",
+                                               "QUIT"};
+    const auto files = decodeUuBlocks(withoutDoubledPeriods(conversation.message));
+    if (!conversation.delivered || conversation.wasReset) {
+        return "player " + number + ": not delivered, or reset";
+    }
+    if (conversation.commands != commands) {
+        return "player " + number + ": other commands";
+    }
+    if (!files || files->size() != 1 || (*files)[0].name != "GAME.M" + number ||
+        (*files)[0].bytes != turnFile) {
+        return "player " + number + ": another file";
+    }
+    return {};
+}
 
 } // namespace
 
