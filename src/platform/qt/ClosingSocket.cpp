@@ -12,7 +12,7 @@ namespace turnpost {
 
 namespace {
 
-constexpr int longestSilence = 60000;    // milliseconds
+constexpr int longestSilence = 60000;     // milliseconds
 constexpr int farewellAtProgramEnd = 100; // milliseconds
 
 void endSending(qintptr descriptor) {
