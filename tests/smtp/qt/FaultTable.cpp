@@ -1,76 +1,85 @@
 #include "FaultTable.h"
 
+#include <utility>
+
 namespace turnpost::desk {
 
 namespace {
 
-constexpr size_t longReply = 1 << 20;
+using enum Answer::Then;
+using enum Fault::Outcome;
 
-Fault reported(const char* name, const Answer& answer, const std::string& line,
-               bool delivered = false) {
-    return {name, answer, Fault::Outcome::Reported, line, false, delivered};
-}
+// More than one arrival of data.
+const std::string longReply(1 << 18, 'x');
 
-Fault refused(const char* name, const std::string& words) {
-    return reported(name, {words}, "SMTP Error: " + words);
-}
-
-// The first piece is accepted; the next one is garbage, unless it comes after QUIT, which lets all
-// of the message out.
-Fault longAccepted(Point point, const std::string& code) {
-    const bool last = point == Point::Message || point == Point::InMessage;
-    Fault fault = reported("1 MiB accepted", {code + std::string(longReply, 'x')},
-                           last ? "Email sent OK" : "SMTP Error: x", last || point == Point::Data);
-    fault.isLong = !last;
-    return fault;
+std::vector<Fault> faultsAt(Point point) {
+    const bool inMessage = point == Point::InMessage;
+    // What the client takes for the answer to the message; the next words come after QUIT, which
+    // lets all of the message out.
+    const bool last = inMessage || point == Point::Message;
+    const std::string good = inMessage ? "250 early\r\n" : goodAnswer(point).bytes;
+    const std::string first = good.substr(0, 1);
+    const std::string code = good.substr(0, 3);
+    std::vector<Fault> faults = {
+        {point, "reset", {"", Reset}, Broken},
+        {point, "close", {"", Close}, Waiting},
+        // Then a reply to a connection that the client has closed.
+        {point, "silence", {"", Continue, inMessage ? "" : good}, Waiting},
+        // Two replies in one piece are one step; so is another accepted code than the usual one.
+        {point,
+         "other codes",
+         {(point == Point::Data ? "354" : "250") + std::string("-a\r\n354 b\r\n")},
+         Reported,
+         "Email sent OK",
+         false,
+         true},
+        {point,
+         "byte by byte",
+         {first, Continue, good.substr(1)},
+         Reported,
+         "SMTP Error: " + first},
+        {point, "long and refused", {"554" + longReply}, Reported, "SMTP Error: 554x", true},
+        {point,
+         "long and accepted",
+         {code + longReply},
+         Reported,
+         last ? "Email sent OK" : "SMTP Error: x",
+         !last,
+         last || point == Point::Data}};
+    const std::string nul(1, '\0');
+    for (const auto& [reply, shown] :
+         {std::pair<std::string, std::string>("421 <b>gone</b> & x", {}),
+          {"552-too much\r\n552 mail", {}},
+          {"251 forwarded", {}},
+          {nul + "g\r\n\xff rest", nul + "g\r\n\u00ff rest"}}) {
+        faults.push_back({point,
+                          reply,
+                          {reply + "\r\n"},
+                          Reported,
+                          "SMTP Error: " + (shown.empty() ? reply : shown) + "\r\n"});
+    }
+    return faults;
 }
 
 } // namespace
 
-std::string nameOf(Point point) {
-    const char* const names[] = {"Greeting", "Helo",      "Mail",    "Recipient",
-                                 "Data",     "InMessage", "Message", "Quit"};
-    return names[static_cast<size_t>(point)];
-}
-
-std::vector<Fault> faultsAt(Point point) {
-    using enum Answer::Then;
-    using enum Fault::Outcome;
-    const bool inMessage = point == Point::InMessage;
-    const std::string good = inMessage ? "250 early\r\n" : goodAnswer(point).bytes;
-    const std::string first = good.substr(0, 1);
-    std::vector<Fault> faults = {
-        {"reset", {"", Reset}, Broken, ""},
-        {"close", {"", Close}, Waiting, ""},
-        // Then a reply to a connection that the client has closed.
-        {"silence", {"", Continue, inMessage ? "" : good}, Waiting, ""},
-        // Two replies in one piece are one step; so is another accepted code than the usual one.
-        reported("other codes",
-                 {std::string(point == Point::Data ? "354" : "250") + "-a\r\n354 b\r\n"},
-                 "Email sent OK", true),
-        reported("NUL and no UTF-8", {std::string("\0g\r\n\xff rest\r\n", 12)},
-                 "SMTP Error: " + std::string("\0g\r\n\u00ff rest\r\n", 13)),
-        refused("1 MiB refused", "554" + std::string(longReply, 'x')),
-        reported("byte by byte", {first, Continue, good.substr(1)}, "SMTP Error: " + first),
-        longAccepted(point, good.substr(0, 3)),
-        // After those, so that the report keeps none of their memory for these lines.
-        refused("4xx", "421 <b>closing</b> & gone\r\n"),
-        refused("5xx in two lines", "552-too much\r\n552 mail data\r\n"),
-        refused("251", "251 forwarded\r\n")};
-    for (Fault& fault : faults) {
-        if (fault.line.size() > longReply) {
-            fault.line.resize(20);
-            fault.isLong = true;
-        }
-        if (inMessage && fault.answer.then == Continue) {
-            // A server that reads on may have all of the message before the client sees the answer.
-            fault.answer.then = Pause;
-        }
-        if (point == Point::Quit) {
-            fault = reported(fault.name, Answer(fault.answer), "Email sent OK", true);
+std::vector<Fault> faultTable() {
+    std::vector<Fault> table;
+    for (int point = 0; point <= static_cast<int>(Point::Quit); ++point) {
+        for (Fault& fault : faultsAt(static_cast<Point>(point))) {
+            if (fault.point == Point::InMessage && fault.answer.then == Continue) {
+                // A server that reads on may have all of the message before the client sees the
+                // answer.
+                fault.answer.then = Pause;
+            }
+            if (fault.point == Point::Quit) {
+                fault = {fault.point,     fault.name, fault.answer, Reported,
+                         "Email sent OK", false,      true};
+            }
+            table.push_back(std::move(fault));
         }
     }
-    return faults;
+    return table;
 }
 
 } // namespace turnpost::desk
