@@ -11,15 +11,14 @@ namespace turnpost::desk {
 struct Fault {
     enum class Outcome { Reported, Broken, Waiting };
 
-    Point point;
     std::string name;
     Answer answer;
-    Outcome outcome;
-    /// Of the row in the report. Of a long reply, the start: how much of it arrives first is the
-    /// system's affair.
+    Outcome outcome = Outcome::Reported;
+    /// Of the row in the report. A line that ends in "x" goes on so: how much of a long reply
+    /// arrives at once is the system's affair.
     std::string line = {};
-    bool isLong = false;
     bool delivered = false;
+    Point point = Point::Greeting;
 };
 
 std::vector<Fault> faultTable();
