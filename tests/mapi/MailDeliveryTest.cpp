@@ -1,23 +1,15 @@
-#include "mapi/MailDelivery.h"
+#include "mapi/DeliveryFixture.h"
 
-#include "fakes/FakeDisplay.h"
 #include "fakes/FakeMail.h"
-#include "fakes/TempFolder.h"
-
-#include <gtest/gtest.h>
 
 namespace turnpost {
 
-class MailDeliveries : public testing::Test {
+class MailDeliveries : public DeliveryFixture {
   protected:
-    using Texts = FakeMail::Record;
-
     MailDeliveries() {
-        game.GamePath = withSeparator(temp.path());
         for (const char* name : {"GAME.M2", "GAME.XY", "E0", "E2"}) {
             temp.write(name, "x");
         }
-        game.GameYear = 2405;
         mail.inSend = [this] {
             const bool refused = calls.at(calls.size() - 4) == "Address no@x.org";
             return refused ? std::optional<std::string>("no such user") : std::nullopt;
@@ -32,16 +24,8 @@ class MailDeliveries : public testing::Test {
         return all;
     }
 
-    TempFolder temp;
-    GameDetails game;
-    MessageTemplate text{"Turn <<GY>>", "Hello\r\n.<<PN>>"};
-    AttachmentChoices attachments{0, 0, {}};
-    SendReport report;
-    SendState state;
     Texts calls;
     FakeMail mail{calls};
-    FakeDisplay display;
-    MailDelivery delivery{{game, text, attachments}, report, state, mail, mail, display, display};
 };
 
 TEST_F(MailDeliveries, EveryRowIsToldMemberByMemberOrNotAtAllAndGetsItsLine) {
@@ -83,36 +67,34 @@ TEST_F(MailDeliveries, EveryRowIsToldMemberByMemberOrNotAtAllAndGetsItsLine) {
              {one, {0, 0, {"", "/proc/self/mem", ""}}, "", "File 1 cannot be read "},
 #endif
          }) {
-        game.rows[1] = row.player;
+        player = row.player;
         attachments = row.files;
         report.fill("earlier");
         calls.clear();
-        delivery.deliver();
+        EXPECT_EQ(deliver(mail, mail), row.line);
         EXPECT_EQ(told(), signOn + row.told + "SignOff;");
-        EXPECT_EQ(report[1], row.line);
     }
 }
 
 TEST_F(MailDeliveries, ARefusedMessageIsFollowedByTheNextRow) {
-    game.rows[1] = {1, "", "no@x.org", "", "", true};
+    player = {1, "", "no@x.org", "", "", true};
     game.rows[15] = {1, "", "last@x.org", "", "", true};
-    delivery.deliver();
-    EXPECT_EQ(report[1] + report[15], "MAPI Error: no such userEmail Generated OK");
+    EXPECT_EQ(deliver(mail, mail) + report[15], "MAPI Error: no such userEmail Generated OK");
     EXPECT_EQ(display.reports, 1);
 }
 
 TEST_F(MailDeliveries, WithoutASessionTheReportShowsTheOldLinesAndWithoutAGameNothingHappens) {
     report.fill("earlier");
     mail.sessionId = 0;
-    delivery.deliver();
+    deliver(mail, mail);
     EXPECT_EQ(calls.back(), "SignOn");
     calls.clear();
     game.GamePath.clear();
-    delivery.deliver();
+    deliver(mail, mail);
     EXPECT_EQ(display.boxes, Texts({"No mail system found", "Invalid game path"}));
     EXPECT_EQ(calls, Texts());
     EXPECT_EQ(display.reports, 1);
-    EXPECT_EQ(report[0], "earlier");
+    EXPECT_EQ(report[1], "earlier");
 }
 
 } // namespace turnpost

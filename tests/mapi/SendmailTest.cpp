@@ -1,5 +1,4 @@
-#include "fakes/FakeDisplay.h"
-#include "mapi/MailDelivery.h"
+#include "mapi/DeliveryFixture.h"
 #include "mapi/ParsedMail.h"
 #include "mapi/SendmailMessages.h"
 
@@ -9,10 +8,13 @@ namespace turnpost {
 
 namespace fs = std::filesystem;
 
-// A delivery to player 1 through a mail program of the test's own.
-class Sendmail : public testing::Test {
+// Deliveries through a mail program of the test's own.
+class Sendmail : public DeliveryFixture {
   protected:
-    Sendmail() { game.GamePath = withSeparator(temp.path()); }
+    Sendmail() {
+        player = {1, "Zoë Zimmer", " zoe@example.org ", "second@example.org", "GAME.M2", true};
+        text = {"Turn 24", "Hello Zoë  \r\nFrom the host:\r\n.\r\n"};
+    }
 
     // The commands run in the temporary folder.
     void install(const std::string& commands, const std::string& folder = "bin") const {
@@ -22,26 +24,11 @@ class Sendmail : public testing::Test {
         fs::permissions(temp.path(program), fs::perms::owner_all);
     }
 
-    // Gives the player's line.
-    std::string deliver() {
-        delivery.deliver();
-        return report[0];
-    }
+    std::string deliver() { return DeliveryFixture::deliver(session, mail); }
 
-    TempFolder temp;
     Settings settings{"Hänsel Host", " host@example.org", "", {}, ""};
-    GameDetails game;
-    PlayerSlot& player = game.rows[0] = {
-        1, "Zoë Zimmer", " zoe@example.org ", "second@example.org", "GAME.M1", true};
-    MessageTemplate text{"Turn 24", "Hello Zoë  \r\nFrom the host:\r\n.\r\n"};
-    AttachmentChoices attachments{0, 0, {}};
-    SendReport report;
-    SendState state;
-    FakeDisplay display;
     SendmailSession session{{temp.path("new"), temp.path("bin")}};
     SendmailMessages mail{settings, session, std::chrono::seconds(20)};
-    MailDelivery delivery{
-        {game, text, attachments}, report, state, session, mail, display, display};
 };
 
 TEST_F(Sendmail, TheProgramIsTheFirstExecutableFileOfThatNameThereIsNow) {
@@ -49,7 +36,7 @@ TEST_F(Sendmail, TheProgramIsTheFirstExecutableFileOfThatNameThereIsNow) {
     temp.makeFolder("bin");
     temp.write("bin/sendmail", "not executable");
     deliver();
-    EXPECT_EQ(display.boxes, std::vector<std::string>{"No mail system found"});
+    EXPECT_EQ(display.boxes, Texts{"No mail system found"});
     install("echo old; exit 1");
     EXPECT_EQ(deliver(), "MAPI Error: old");
     fs::remove(temp.path("new/sendmail"));
@@ -59,8 +46,7 @@ TEST_F(Sendmail, TheProgramIsTheFirstExecutableFileOfThatNameThereIsNow) {
 
     const std::string before = std::getenv("PATH");
     setenv("PATH", "/opt/bin::bin:./x:/home/bin", 1);
-    EXPECT_EQ(sendmailFolders(),
-              std::vector<std::string>({"/usr/sbin", "/usr/lib", "/opt/bin", "/home/bin"}));
+    EXPECT_EQ(sendmailFolders(), Texts({"/usr/sbin", "/usr/lib", "/opt/bin", "/home/bin"}));
     setenv("PATH", before.c_str(), 1);
 }
 
@@ -138,7 +124,7 @@ TEST_F(Sendmail, ARealMailSystemQueuesTextAndFilesByteForByteUnderTheirOwnNames)
     for (unsigned i = 0; bytes.size() < 102400; i = i * 1103515245U + 12345U) {
         bytes += static_cast<char>(i >> 16U);
     }
-    const std::vector<std::string> names = {"GAME.M1", "Größe.txt", "銀河 \"Q\".zip"};
+    const Texts names = {"GAME.M2", "Größe.txt", "銀河 \"Q\".zip"};
     temp.write(names[0], "");
     temp.write(names[1], "\r\n.\r\nFrom you \n\r");
     temp.write(names[2], bytes);
