@@ -1,85 +1,100 @@
-#include "mapi/MailDelivery.h"
+#include "mapi/DeliveryFixture.h"
 
-#include "fakes/FakeDisplay.h"
 #include "fakes/FakeMail.h"
-#include "fakes/TempFolder.h"
-
-#include <algorithm>
-#include <gtest/gtest.h>
 
 namespace turnpost {
 
-class MailDeliveries : public testing::Test {
+class MailDeliveries : public DeliveryFixture {
   protected:
-    using Texts = FakeMail::Record;
-
     MailDeliveries() {
-        game.GamePath = withSeparator(temp.path());
-        game.rows[0] = {1, " Red Leader ", " red@example.org ", "", "GAME.M1", true};
-        report.fill("earlier");
+        for (const char* name : {"GAME.M2", "GAME.XY", "E0", "E2"}) {
+            temp.write(name, "x");
+        }
+        mail.inSend = [this] {
+            const bool refused = calls.at(calls.size() - 4) == "Address no@x.org";
+            return refused ? std::optional<std::string>("no such user") : std::nullopt;
+        };
     }
 
-    bool told(const std::string& call) const { return std::ranges::count(calls, call) == 1; }
+    std::string told() const {
+        std::string all;
+        for (const std::string& call : calls) {
+            all += call + ";";
+        }
+        return all;
+    }
 
-    TempFolder temp;
-    GameDetails game;
-    MessageTemplate text{"Turn <<GY>>", "Hello\r\n.<<PN>>"};
-    AttachmentChoices attachments{0, 0, {}};
-    SendReport report;
-    SendState state;
     Texts calls;
     FakeMail mail{calls};
-    FakeDisplay display;
-    MailDelivery delivery{{game, text, attachments}, report, state, mail, mail, display, display};
 };
 
-TEST_F(MailDeliveries, EveryMemberGetsItsUntrimmedValueInItsOrder) {
-    game.rows[0].AltEmail = " alt@example.org ";
-    temp.write("GAME.M1", "x");
-    temp.write("E0", "x");
-    attachments = {1, 0, {temp.path("E0")}};
-    delivery.deliver();
-    // clang-format off
-    EXPECT_EQ(calls, Texts({"NewSession 0", "LogonUI 0", "DownLoadMail 0", "UserName ", "Password ",
-        "SignOn", "SessionID 42", "Compose", "MsgIndex -1", "MsgSubject Turn 9999",
-        "RecipIndex 0", "Name  Red Leader ", "Address  red@example.org ", "RecipType 1",
-        "RecipIndex 1", "Name  Red Leader ", "Address  alt@example.org ", "RecipType 2",
-        "MsgNoteText Hello\r\n.1\r\n  ", "AttachmentIndex 0", "AttachmentPosition 0",
-        "AttachmentType 0", "Path " + temp.path("GAME.M1"), "AttachmentIndex 1",
-        "AttachmentPosition 1", "AttachmentType 0", "Path " + temp.path("E0"), "Send", "SignOff"}));
-    // clang-format on
+TEST_F(MailDeliveries, EveryRowIsToldMemberByMemberOrNotAtAllAndGetsItsLine) {
+    struct Row {
+        PlayerSlot player;
+        AttachmentChoices files;
+        std::string told;
+        std::string line;
+    };
+    const std::string signOn = "NewSession 0;LogonUI 0;DownLoadMail 0;UserName ;Password ;SignOn;"
+                               "SessionID 42;";
+    const std::string start = "Compose;MsgIndex -1;MsgSubject Turn 2405;RecipIndex 0;";
+    const std::string red = "Name  Red ;Address  red@x.org ;RecipType 1;";
+    const std::string copy = "RecipIndex 1;Name  Red ;Address  alt@x.org ;RecipType 2;";
+    const auto file = [this](const std::string& j, const std::string& name) {
+        return "AttachmentIndex " + j + ";AttachmentPosition " + j + ";AttachmentType 0;Path " +
+               temp.path(name) + ";";
+    };
+    const AttachmentChoices none{0, 0, {}};
+    const PlayerSlot one{1, " Red ", " red@x.org ", "", "GAME.M2", true};
+    const PlayerSlot two{1, " Red ", " red@x.org ", " alt@x.org ", "GAME.M2", false};
+    for (const Row& row : std::vector<Row>{
+             {two,
+              {1, 1, {temp.path("E0"), "", temp.path("E2")}},
+              start + red + copy + "MsgNoteText Hello\r\n.2\r\n    ;" + file("0", "GAME.M2") +
+                  file("1", "GAME.XY") + file("2", "E0") + file("3", "E2") + "Send;",
+              "Email Generated OK"},
+             {one, none, start + red + "MsgNoteText Hello\r\n.2;Send;", "Email Generated OK"},
+             {{1, "", "no@x.org", "", "", true},
+              none,
+              start + "Name ;Address no@x.org;RecipType 1;MsgNoteText Hello\r\n.2;Send;",
+              "MAPI Error: no such user"},
+             {{1, "", "", "alt@x.org", "", true}, {}, "", "No Email Address for Player"},
+             {{0, "", "red@x.org", "", "", true},
+              {0, 0, {temp.path("gone"), "", ""}},
+              "",
+              "Player Skipped\r\nFile 0 not found "},
+#ifndef _WIN32
+             {one, {0, 0, {"", "/proc/self/mem", ""}}, "", "File 1 cannot be read "},
+#endif
+         }) {
+        player = row.player;
+        attachments = row.files;
+        report.fill("earlier");
+        calls.clear();
+        EXPECT_EQ(deliver(mail, mail), row.line);
+        EXPECT_EQ(told(), signOn + row.told + "SignOff;");
+    }
 }
 
-TEST_F(MailDeliveries, ARefusedMessageIsReportedInTheSystemsWordsAndTheNextRowFollows) {
-    game.rows[2] = game.rows[3] = game.rows[15] = game.rows[0];
-    game.rows[3].PlayerEmail.clear();
-    mail.inSend = [this]() -> std::optional<std::string> {
-        EXPECT_EQ(state.PlayerBody, "Hello\r\n." + std::to_string(state.SendCursor + 1));
-        return state.SendCursor == 2 ? std::optional("no such user") : std::nullopt;
-    };
-    delivery.deliver();
-    SendReport expected;
-    expected.fill("Player Skipped");
-    expected[0] = expected[15] = "Email Generated OK";
-    expected[2] = "MAPI Error: no such user";
-    expected[3] = "No Email Address for Player";
-    EXPECT_EQ(report, expected);
-    EXPECT_EQ(calls.back(), "SignOff");
-    EXPECT_TRUE(told("SessionID 42") && told("MsgNoteText Hello\r\n.1") && display.boxes.empty());
-    EXPECT_EQ(std::ranges::count(calls, "RecipIndex 1"), 0);
+TEST_F(MailDeliveries, ARefusedMessageIsFollowedByTheNextRow) {
+    player = {1, "", "no@x.org", "", "", true};
+    game.rows[15] = {1, "", "last@x.org", "", "", true};
+    EXPECT_EQ(deliver(mail, mail) + report[15], "MAPI Error: no such userEmail Generated OK");
     EXPECT_EQ(display.reports, 1);
 }
 
 TEST_F(MailDeliveries, WithoutASessionTheReportShowsTheOldLinesAndWithoutAGameNothingHappens) {
+    report.fill("earlier");
     mail.sessionId = 0;
-    delivery.deliver();
+    deliver(mail, mail);
     EXPECT_EQ(calls.back(), "SignOn");
+    calls.clear();
     game.GamePath.clear();
-    delivery.deliver();
+    deliver(mail, mail);
     EXPECT_EQ(display.boxes, Texts({"No mail system found", "Invalid game path"}));
-    EXPECT_TRUE(told("SignOn"));
+    EXPECT_EQ(calls, Texts());
     EXPECT_EQ(display.reports, 1);
-    EXPECT_EQ(report[0], "earlier");
+    EXPECT_EQ(report[1], "earlier");
 }
 
 } // namespace turnpost

@@ -1,88 +1,103 @@
-#include "mapi/SendmailFixture.h"
+#include "mapi/DeliveryFixture.h"
+#include "mapi/ParsedMail.h"
+#include "mapi/SendmailMessages.h"
 
 #include <cstdlib>
 
 namespace turnpost {
 
-class Sendmail : public SendmailFixture {
+namespace fs = std::filesystem;
+
+// Deliveries through a mail program of the test's own.
+class Sendmail : public DeliveryFixture {
   protected:
-    using Cases = std::vector<std::pair<std::string, std::string>>;
+    Sendmail() {
+        player = {1, "Zoë Zimmer", " zoe@example.org ", "second@example.org", "GAME.M2", true};
+        text = {"Turn 24", "Hello Zoë  \r\nFrom the host:\r\n.\r\n"};
+    }
+
+    // The commands run in the temporary folder.
+    void install(const std::string& commands, const std::string& folder = "bin") const {
+        temp.makeFolder(folder);
+        const std::string program = folder + "/sendmail";
+        temp.write(program, "#!/bin/sh\ncd '" + temp.path() + "' || exit\n" + commands);
+        fs::permissions(temp.path(program), fs::perms::owner_all);
+    }
+
+    std::string deliver() { return DeliveryFixture::deliver(session, mail); }
+
+    Settings settings{"Hänsel Host", " host@example.org", "", {}, ""};
+    SendmailSession session{{temp.path("new"), temp.path("bin")}};
+    SendmailMessages mail{settings, session, std::chrono::seconds(20)};
 };
 
-TEST_F(Sendmail, TheSessionIsTheFirstExecutableFileOfThatName) {
-    session.SignOn();
-    EXPECT_EQ(session.SessionID(), 0) << "there is none";
-    temp.makeFolder("folder/sendmail");
-    temp.makeFolder("locked");
-    temp.write("locked/sendmail", "not executable");
-    installRecorder();
-    SendmailSession other({temp.path("folder"), temp.path("locked"), temp.path("bin")});
-    other.SignOn();
-    EXPECT_EQ(other.program(), temp.path("bin/sendmail"));
-}
+TEST_F(Sendmail, TheProgramIsTheFirstExecutableFileOfThatNameThereIsNow) {
+    temp.makeFolder("new/sendmail");
+    temp.makeFolder("bin");
+    temp.write("bin/sendmail", "not executable");
+    deliver();
+    EXPECT_EQ(display.boxes, Texts{"No mail system found"});
+    install("echo old; exit 1");
+    EXPECT_EQ(deliver(), "MAPI Error: old");
+    fs::remove(temp.path("new/sendmail"));
+    install("echo new; exit 1", "new");
+    EXPECT_EQ(deliver(), "MAPI Error: new");
+    EXPECT_EQ(mail.Send(), "No mail system found") << "without a session";
 
-TEST_F(Sendmail, TheSystemsFoldersComeFirstAndTheCurrentFolderNever) {
-    const char* path = std::getenv("PATH");
-    const std::string before = path == nullptr ? "" : path;
+    const std::string before = std::getenv("PATH");
     setenv("PATH", "/opt/bin::bin:./x:/home/bin", 1);
-    EXPECT_EQ(sendmailFolders(),
-              std::vector<std::string>({"/usr/sbin", "/usr/lib", "/opt/bin", "/home/bin"}));
+    EXPECT_EQ(sendmailFolders(), Texts({"/usr/sbin", "/usr/lib", "/opt/bin", "/home/bin"}));
     setenv("PATH", before.c_str(), 1);
 }
 
-TEST_F(Sendmail, DomainsAreArgumentsInAsciiAndASenderThatLooksLikeAnOptionIsNone) {
-    installRecorder();
-    for (const auto& [sender, words] : Cases{{" host@example.org", "-f\nhost@example.org\n"},
-                                             {"host@bücher.de", "-f\nhost@xn--bcher-kva.de\n"},
-                                             {" ", ""},
-                                             {"-oQ/tmp", ""},
-                                             {" -bd", ""}}) {
-        settings.HostEmail = sender;
-        compose();
-        addRecipient(1, " second@例え.jp", copyRecipient);
-        EXPECT_EQ(mail.Send(), std::nullopt) << sender;
-        EXPECT_EQ(temp.read("arguments"),
-                  "-i\n" + words + "--\nzoe@example.org\nsecond@xn--r8jz45g.jp\n");
+TEST_F(Sendmail, EveryAddressIsOneArgumentInAsciiAndNothingStaysOfThePlayerBefore) {
+    install("printf '%s ' \"$@\" >arguments\ncat >message\n");
+    const std::string own = "MAPI Error: Your own address is not one e-mail address: ";
+    const std::string theirs = "MAPI Error: This is not one e-mail address: ";
+    attachments.ExtraAttachments[0] = temp.path("big");
+    temp.write("big", std::string(100000, 'x'));
+    for (const auto& [host, to, copy, arguments, line] : std::vector<std::array<std::string, 5>>{
+             {" host@example.org", " zoe@x.org ", " second@例え.jp",
+              "-i -f host@example.org -- zoe@x.org second@xn--r8jz45g.jp ", "Email Generated OK"},
+             {"host@bücher.de", "zoe@x.org", "", "-i -f host@xn--bcher-kva.de -- zoe@x.org ",
+              "Email Generated OK"},
+             {" ", "-oQ/tmp", "", "-i -- -oQ/tmp ", "Email Generated OK"},
+             {" -bd", "zoe@x.org", "", "-i -- zoe@x.org ", "Email Generated OK"},
+             {"h@x.org\nBcc: e@x.org", "zoe@x.org", "", "", own + "h@x.org\nBcc: e@x.org"},
+             {"h@x.org", "zoe@x.org", "a@x.org, b@x.org", "", theirs + "a@x.org, b@x.org"}}) {
+        settings.HostEmail = host;
+        player.PlayerEmail = to;
+        player.AltEmail = copy;
+        fs::remove(temp.path("arguments"));
+        EXPECT_EQ(deliver(), line);
+        EXPECT_EQ(temp.read("arguments"), arguments);
+        EXPECT_EQ(temp.read("message").size() > 100000, !attachments.ExtraAttachments[0].empty());
+        attachments.ExtraAttachments = {};
     }
-}
-
-TEST_F(Sendmail, TwoPeopleInOneAddressOrAFileThatIsGoneReachNobody) {
-    installRecorder();
-    compose({"GAME.M1"});
-    EXPECT_EQ(mail.Send(), "Cannot read " + temp.path("GAME.M1") + "\r\nNo such file or directory");
-    compose();
-    addRecipient(1, "second@example.org, third@example.org", copyRecipient);
-    EXPECT_EQ(mail.Send(), "This is not one e-mail address: second@example.org, third@example.org");
-    settings.HostEmail = "host@example.org\nBcc: eve@example.org";
-    compose();
-    EXPECT_EQ(mail.Send(),
-              "Your own address is not one e-mail address: host@example.org\nBcc: eve@example.org");
-    EXPECT_EQ(temp.names(), std::set<std::string>({"bin"}));
 }
 
 TEST_F(Sendmail, AFailureSpeaksInTheProgramsWordsElseByHowItEnded) {
     // More than a pipe holds; most of these programs leave it unread.
-    temp.write("GAME.M1", std::string(1 << 20, 'x'));
-    for (const auto& [commands, words] :
-         Cases{{"cat >/dev/null; printf '0\\n 1 \\t\\r\\n\\n  \\n2\\n3\\n4\\n5\\n' >&2; exit 1",
-                " 1\r\n2\r\n3\r\n4\r\n5"},
-               {"echo ' ' >&2; echo spoken; exit 1", "spoken"},
-               {"exec 0<&-; printf 'kein Empf\\344nger' >&2; exit 67", "kein Empfänger"},
-               {"exit 75", "Temporary failure, please try again later"},
-               {"exit 63", "exit status 63"},
-               {"exit 79", "exit status 79"},
-               {"echo spoken; echo words >&2; kill -KILL $$",
-                "words\r\nThe mail program was ended by signal 9: Killed"},
-               {"echo a warning >&2; cat >message", "taken"}}) {
+    temp.write("big", std::string(1 << 20, 'x'));
+    attachments.ExtraAttachments[0] = temp.path("big");
+    for (const auto& [commands, words] : std::vector<std::pair<std::string, std::string>>{
+             {"cat >/dev/null; printf '0\\n 1 \\t\\r\\n\\n  \\n2\\n3\\n4\\n5\\n' >&2; exit 1",
+              " 1\r\n2\r\n3\r\n4\r\n5"},
+             {"echo ' ' >&2; echo spoken; exit 1", "spoken"},
+             {"exec 0<&-; printf 'kein Empf\\344nger' >&2; exit 67", "kein Empfänger"},
+             {"exit 75", "Temporary failure, please try again later"},
+             {"exit 63", "exit status 63"},
+             {"exit 79", "exit status 79"},
+             {"echo spoken; echo words >&2; kill -KILL $$",
+              "words\r\nThe mail program was ended by signal 9: Killed"}}) {
         install(commands);
-        compose({"GAME.M1"});
-        EXPECT_EQ(mail.Send().value_or("taken"), words) << commands;
+        EXPECT_EQ(deliver(), "MAPI Error: " + words) << commands;
     }
-    std::filesystem::remove(temp.path("bin/sendmail"));
-    EXPECT_EQ(mail.Send(),
-              "Cannot start " + temp.path("bin/sendmail") + "\r\nNo such file or directory");
-    session.SignOff();
-    EXPECT_EQ(mail.Send(), "No mail system found");
+    install("echo a warning >&2; cat >message");
+    EXPECT_EQ(deliver(), "Email Generated OK");
+    temp.write("bin/sendmail", "no program");
+    EXPECT_EQ(deliver(),
+              "MAPI Error: Cannot start " + temp.path("bin/sendmail") + "\r\nExec format error");
 }
 
 TEST_F(Sendmail, AProgramThatHangsIsEndedWhenTheMessageHasHadItsTime) {
@@ -92,6 +107,45 @@ TEST_F(Sendmail, AProgramThatHangsIsEndedWhenTheMessageHasHadItsTime) {
     impatient.SessionID(session.SessionID());
     impatient.MsgNoteText(std::string(10000, 'x'));
     EXPECT_EQ(impatient.Send(), "words\r\nno answer within 2 seconds");
+}
+
+// The mail system nullmailer with a spool of its own. It only queues: delivering is the work of a
+// service that does not run here.
+TEST_F(Sendmail, ARealMailSystemQueuesTextAndFilesByteForByteUnderTheirOwnNames) {
+    const fs::path unpacked(TURNPOST_NULLMAILER "/usr");
+    EXPECT_TRUE(fs::exists(unpacked)) << "tools/install-packages test unpacks it";
+    temp.makeFolder("queue/tmp");
+    temp.makeFolder("queue/queue");
+    fs::create_directory_symlink(unpacked / "sbin", temp.path("sbin"));
+    fs::create_directory_symlink(unpacked / "bin", temp.path("bin"));
+    setenv("NULLMAILER_TEST_PREFIX", temp.path().c_str(), 1);
+    session = SendmailSession({temp.path("sbin")});
+    std::string bytes;
+    for (unsigned i = 0; bytes.size() < 102400; i = i * 1103515245U + 12345U) {
+        bytes += static_cast<char>(i >> 16U);
+    }
+    const Texts names = {"GAME.M2", "Größe.txt", "銀河 \"Q\".zip"};
+    temp.write(names[0], "");
+    temp.write(names[1], "\r\n.\r\nFrom you \n\r");
+    temp.write(names[2], bytes);
+    attachments = {1, 0, {temp.path(names[1]), temp.path(names[2]), ""}};
+    ASSERT_EQ(deliver(), "Email Generated OK");
+
+    // Each entry holds the envelope, one address a line, an empty line, the message.
+    const fs::directory_iterator queued(temp.path("queue/queue"));
+    const std::string entry = temp.read("queue/queue/" + queued->path().filename().string());
+    EXPECT_EQ(std::distance(queued, {}), 1);
+    const std::string envelope = "host@example.org\nzoe@example.org\nsecond@example.org\n\n";
+    EXPECT_EQ(entry.substr(0, envelope.size()), envelope);
+    const ParsedMail parsed(entry.substr(envelope.size()));
+    EXPECT_EQ(parsed["from"] + parsed["to"] + parsed["cc"] + parsed["subject"],
+              "Hänsel Host\nhost@example.org\nZoë Zimmer\nzoe@example.org\n"
+              "Zoë Zimmer\nsecond@example.org\nTurn 24");
+    EXPECT_EQ(parsed["text"], "Hello Zoë  \nFrom the host:\n.\n\n   ");
+    for (size_t i = 0; i < names.size(); ++i) {
+        EXPECT_EQ(parsed[std::to_string(i) + ".name"], names[i]);
+        EXPECT_TRUE(parsed[std::to_string(i) + ".bytes"] == temp.read(names[i])) << names[i];
+    }
 }
 
 } // namespace turnpost

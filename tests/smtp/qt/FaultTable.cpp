@@ -1,76 +1,73 @@
 #include "FaultTable.h"
 
+#include <utility>
+
 namespace turnpost::desk {
 
 namespace {
 
-constexpr size_t longReply = 1 << 20;
+using enum Answer::Then;
+using enum Fault::Outcome;
 
-Fault reported(const char* name, const Answer& answer, const std::string& line,
-               bool delivered = false) {
-    return {name, answer, Fault::Outcome::Reported, line, false, delivered};
+// More than one arrival of data.
+const std::string longReply(1 << 18, 'x');
+
+Fault reported(const std::string& name, const Answer& answer, const std::string& line) {
+    return {name, answer, Reported, line, line == "Email sent OK"};
 }
 
-Fault refused(const char* name, const std::string& words) {
-    return reported(name, {words}, "SMTP Error: " + words);
+Fault refused(const std::string& reply) {
+    return reported(reply, {reply}, "SMTP Error: " + reply);
 }
 
-// The first piece is accepted; the next one is garbage, unless it comes after QUIT, which lets all
-// of the message out.
-Fault longAccepted(Point point, const std::string& code) {
-    const bool last = point == Point::Message || point == Point::InMessage;
-    Fault fault = reported("1 MiB accepted", {code + std::string(longReply, 'x')},
-                           last ? "Email sent OK" : "SMTP Error: x", last || point == Point::Data);
-    fault.isLong = !last;
-    return fault;
+std::vector<Fault> faultsAt(Point point) {
+    const bool inMessage = point == Point::InMessage;
+    const std::string good = inMessage ? "250 early\r\n" : goodAnswer(point).bytes;
+    const std::string first = good.substr(0, 1);
+    const std::string codes = (point == Point::Data ? "354" : "250") + std::string("-a\r\n354 b");
+    std::vector<Fault> faults = {
+        {"reset", {"", Reset}, Broken},
+        {"close", {"", Close}, Waiting},
+        // Then a reply to a connection that the client has closed.
+        {"silence", {"", Continue, inMessage ? "" : good}, Waiting},
+        // Two replies in one piece are one step; so is another accepted code than the usual one.
+        reported("other codes", {codes}, "Email sent OK"),
+        reported("NUL and no UTF-8", {std::string("\0g\r\n\xff rest\r\n", 12)},
+                 "SMTP Error: " + std::string("\0g\r\n\u00ff rest\r\n", 13)),
+        reported("byte by byte", {first, Continue, good.substr(1)}, "SMTP Error: " + first),
+        reported("long and refused", {"554" + longReply}, "SMTP Error: 554x"),
+        reported("long and accepted", {good.substr(0, 3) + longReply}, "SMTP Error: x"),
+        refused("421 <b>closing</b> & gone\r\n"),
+        refused("552-too much\r\n552 mail data\r\n"),
+        refused("251 forwarded\r\n")};
+    Fault& longAccepted = faults.at(7);
+    if (inMessage || point == Point::Message) {
+        // The second piece comes after QUIT.
+        longAccepted.line = "Email sent OK";
+    }
+    longAccepted.delivered = inMessage || point == Point::Message || point == Point::Data;
+    return faults;
 }
 
 } // namespace
 
-std::string nameOf(Point point) {
-    const char* const names[] = {"Greeting", "Helo",      "Mail",    "Recipient",
-                                 "Data",     "InMessage", "Message", "Quit"};
-    return names[static_cast<size_t>(point)];
-}
-
-std::vector<Fault> faultsAt(Point point) {
-    using enum Answer::Then;
-    using enum Fault::Outcome;
-    const bool inMessage = point == Point::InMessage;
-    const std::string good = inMessage ? "250 early\r\n" : goodAnswer(point).bytes;
-    const std::string first = good.substr(0, 1);
-    std::vector<Fault> faults = {
-        {"reset", {"", Reset}, Broken, ""},
-        {"close", {"", Close}, Waiting, ""},
-        // Then a reply to a connection that the client has closed.
-        {"silence", {"", Continue, inMessage ? "" : good}, Waiting, ""},
-        // Two replies in one piece are one step; so is another accepted code than the usual one.
-        reported("other codes",
-                 {std::string(point == Point::Data ? "354" : "250") + "-a\r\n354 b\r\n"},
-                 "Email sent OK", true),
-        reported("NUL and no UTF-8", {std::string("\0g\r\n\xff rest\r\n", 12)},
-                 "SMTP Error: " + std::string("\0g\r\n\u00ff rest\r\n", 13)),
-        refused("1 MiB refused", "554" + std::string(longReply, 'x')),
-        reported("byte by byte", {first, Continue, good.substr(1)}, "SMTP Error: " + first),
-        longAccepted(point, good.substr(0, 3)),
-        // After those, so that the report keeps none of their memory for these lines.
-        refused("4xx", "421 <b>closing</b> & gone\r\n"),
-        refused("5xx in two lines", "552-too much\r\n552 mail data\r\n"),
-        refused("251", "251 forwarded\r\n")};
-    for (Fault& fault : faults) {
-        if (fault.line.size() > longReply) {
-            fault.line.resize(20);
-            fault.isLong = true;
-        }
-        if (inMessage && fault.answer.then == Continue) {
-            // A server that reads on may have all of the message before the client sees the answer.
-            fault.answer.then = Pause;
-        }
-        if (point == Point::Quit) {
-            fault = reported(fault.name, Answer(fault.answer), "Email sent OK", true);
+std::vector<Fault> faultTable() {
+    std::vector<Fault> table;
+    for (int point = 0; point <= static_cast<int>(Point::Quit); ++point) {
+        for (Fault& fault : faultsAt(static_cast<Point>(point))) {
+            fault.point = static_cast<Point>(point);
+            if (fault.point == Point::InMessage && fault.answer.then == Continue) {
+                // A server that reads on may have all of the message before the client sees the
+                // answer.
+                fault.answer.then = Pause;
+            }
+            if (fault.point == Point::Quit) {
+                fault = {fault.name, fault.answer, Reported, "Email sent OK", true, Point::Quit};
+            }
+            table.push_back(std::move(fault));
         }
     }
-    return faults;
+    return table;
 }
 
 } // namespace turnpost::desk
