@@ -1,8 +1,10 @@
 #include "compose/DispatchRules.h"
 
+#include "compose/SendReport.h"
 #include "fakes/TempFolder.h"
 #include "platform/FileError.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace turnpost {
@@ -16,14 +18,14 @@ class DispatchRules : public testing::Test {
         for (const char* name : {"GAME.M3", "GAME.XY", "EXTRA0", "EXTRA2"}) {
             temp.write(name, "x");
         }
-        game.GameName = "Alpha";
-        game.GamePath = withSeparator(temp.path());
-        game.GameYear = 2405;
-        player = {1, "Red Leader", "red@example.org", "", "GAME.M3", true};
     }
 
     void remove(const std::string& name) const {
         std::filesystem::remove(toNativePath(temp.path(name)));
+    }
+
+    void resize(const std::string& name, std::uintmax_t size) const {
+        std::filesystem::resize_file(toNativePath(temp.path(name)), size);
     }
 
     // The row's line, or its texts when it gets a message; fills attached.
@@ -48,8 +50,8 @@ class DispatchRules : public testing::Test {
     void expectBoth(const std::string& expected) { expectBoth(expected, expected); }
 
     TempFolder temp;
-    GameDetails game;
-    PlayerSlot& player = game.rows[2];
+    GameDetails game{"Alpha", withSeparator(temp.path()), "GAME.HST", 2405, {}};
+    PlayerSlot& player = game.rows[2] = {1, "Red Leader", "red@example.org", "", "GAME.M3", true};
     MessageTemplate text{" <<GY>> <<PN>>", "<<FN>> of <<GN>>"};
     const std::string sent = "Red of Alpha 2405 3";
     AttachmentChoices attachments{1, 1, {temp.path("EXTRA0"), "", temp.path("EXTRA2")}};
@@ -57,21 +59,24 @@ class DispatchRules : public testing::Test {
     Names attached;
 };
 
-TEST_F(DispatchRules, AnAcceptedRowHasItsFilesInOrderItsTextsAndAnEmptyLine) {
+TEST_F(DispatchRules, EachCommandHasItsFilesInOrderAndLooksForNoOthers) {
+    const Names extra = {temp.path("EXTRA0"), temp.path("EXTRA2")};
+    const Names turn = {game.GamePath + "GAME.M3"};
+    const Names all = {game.GamePath + "GAME.M3", game.GamePath + "GAME.XY", extra[0], extra[1]};
     for (const Transport transport : {Transport::Smtp, Transport::Mapi}) {
+        attachments.SendXYFile = 1;
         EXPECT_EQ(outcome(transport), sent);
-        EXPECT_EQ(attached, Names({game.GamePath + "GAME.M3", game.GamePath + "GAME.XY",
-                                   temp.path("EXTRA0"), temp.path("EXTRA2")}));
+        EXPECT_EQ(attached, all);
     }
-}
-
-TEST_F(DispatchRules, FilesThatAreNotToBeSentAreNeitherLookedForNorAttached) {
-    remove("GAME.M3");
     remove("GAME.XY");
-    for (const AttachmentChoices& none : {AttachmentChoices{0, 0, {}}, {2, 255, {}}}) {
-        attachments = none;
+    attachments = {1, 0, {}};
+    expectBoth(sent);
+    EXPECT_EQ(attached, turn);
+    remove("GAME.M3");
+    for (const std::uint8_t other : std::vector<std::uint8_t>{0, 2, 255}) {
+        attachments = {other, other, {"", "", extra[1]}};
         expectBoth(sent);
-        EXPECT_EQ(attached, Names());
+        EXPECT_EQ(attached, Names{extra[1]});
     }
 }
 
@@ -103,10 +108,13 @@ TEST_F(DispatchRules, SmtpListsEveryMissingFileAndMapiStopsAtTheTurnFileButForEx
 }
 
 TEST_F(DispatchRules, AFileThatCannotBeReadRefusesTheRowWithItsOwnFinding) {
-    unreadable = "GAME.XY";
-    expectBoth("XY file cannot be read ");
-    unreadable = "EXTRA2";
-    expectBoth("File 2 cannot be read ");
+    for (const auto& [name, line] :
+         std::vector<std::pair<std::string, std::string>>{{"GAME.M3", "M3file cannot be read "},
+                                                          {"GAME.XY", "XY file cannot be read "},
+                                                          {"EXTRA2", "File 2 cannot be read "}}) {
+        unreadable = name;
+        expectBoth(line);
+    }
 #ifndef _WIN32
     game.GamePath = "/proc/self/";
     player.GameFile = "mem";
@@ -115,10 +123,9 @@ TEST_F(DispatchRules, AFileThatCannotBeReadRefusesTheRowWithItsOwnFinding) {
 }
 
 TEST_F(DispatchRules, FilesThatAreTooLongTogetherRefuseTheRowBeforeAnyIsTaken) {
-    const auto extra = toNativePath(temp.path("EXTRA0"));
-    std::filesystem::resize_file(extra, (64U << 20) - 3);
+    resize("EXTRA0", (64U << 20) - 3);
     expectBoth(sent);
-    std::filesystem::resize_file(extra, (64U << 20) - 2);
+    resize("EXTRA0", (64U << 20) - 2);
     expectBoth("Message too long");
     EXPECT_EQ(attached, Names());
     attachments.ExtraAttachments[1] = attachments.ExtraAttachments[2];
@@ -128,19 +135,32 @@ TEST_F(DispatchRules, FilesThatAreTooLongTogetherRefuseTheRowBeforeAnyIsTaken) {
 
 TEST_F(DispatchRules, PlaceholdersThatMultiplyFillNoMemoryButAreReported) {
     text = {};
-    for (int i = 0; i < 3000; ++i) {
+    for (int i = 0; i < 300; ++i) {
         text.MessageBody += "<<GN>>";
         game.GameName += "<<FN>>";
     }
     player.PlayerName = std::string(100000, 'x');
     expectBoth("Message too long");
     player.PlayerName = "R e d";
-    EXPECT_EQ(outcome(Transport::Smtp).size(), 3005U * 3000U);
+    EXPECT_EQ(outcome(Transport::Smtp).size(), 305U * 300U);
 }
 
 TEST_F(DispatchRules, UniverseFileNameIsCutAtTheFirstPeriod) {
     EXPECT_EQ(universeFile("C:\\GAMES\\", "My.Cup.M3"), "C:\\GAMES\\My.XY");
     EXPECT_EQ(universeFile("C:\\GAMES\\", "GAME"), "C:\\GAMES\\XY");
+}
+
+TEST(SendReports, HaveALineForEveryPlayerAndTheOutcomeAsItStands) {
+    SendReport report;
+    report[0] = "Email sent OK";
+    report[14] = "M15file not found \r\nXY file not found ";
+    report[15] = "Player Skipped";
+    EXPECT_EQ(reportText(report),
+              "Player 1: Email sent OK\r\nPlayer 2: \r\nPlayer 3: \r\nPlayer 4: \r\nPlayer 5: \r\n"
+              "Player 6: \r\nPlayer 7: \r\nPlayer 8: \r\nPlayer 9: \r\nPlayer 10: \r\n"
+              "Player 11: \r\nPlayer 12: \r\nPlayer 13: \r\nPlayer 14: \r\n"
+              "Player 15: M15file not found \r\nXY file not found \r\nPlayer 16: Player Skipped"
+              "\r\n");
 }
 
 } // namespace turnpost

@@ -5,7 +5,101 @@
 
 #include <gtest/gtest.h>
 
+#ifndef _WIN32
+#include "support/Unprivileged.h"
+#endif
+
 namespace turnpost {
+
+namespace {
+
+Settings sampleSettings() {
+    return {"Game Host",
+            "host@example.org",
+            "mail:2525",
+            {{{"Spring, Cup", "C:\\Cup\\CUP.NTP"}, {}, {}, {}}},
+            "C:\\C.NTP"};
+}
+
+} // namespace
+
+class SettingsText : public testing::Test {
+  protected:
+    // The sample up to its first values, start values after them.
+    Settings upTo(size_t values) {
+        Settings result;
+        for (size_t i = 0; i < values; ++i) {
+            *fieldsOf(result)[i] = *fieldsOf(sample)[i];
+        }
+        return result;
+    }
+
+    static void expectReads(const std::string& text, const Settings& expected,
+                            bool damaged = false) {
+        const SettingsReading reading = parseSettings(text);
+        EXPECT_EQ(reading.damaged, damaged) << text;
+        EXPECT_TRUE(reading.settings == expected) << text << printSettings(reading.settings);
+    }
+
+    Settings sample = sampleSettings();
+
+  private:
+    static std::vector<std::string*> fieldsOf(Settings& settings) {
+        std::vector<std::string*> fields = {&settings.HostName, &settings.HostEmail,
+                                            &settings.SmtpServer};
+        for (StoredGame& slot : settings.StoredGames) {
+            fields.insert(fields.end(), {&slot.StoredGameName, &slot.StoredGameFile});
+        }
+        fields.push_back(&settings.DefaultGameFile);
+        return fields;
+    }
+};
+
+TEST_F(SettingsText, HasEightLinesOfValuesInTheOrderOtherReadersExpect) {
+    std::string expected = "\"Game Host\"\r\n\"host@example.org\"\r\n\"mail:2525\"\r\n"
+                           "\"Spring, Cup\",\"C:\\Cup\\CUP.NTP\"\r\n\" - Empty - \",\"\"\r\n"
+                           "\" - Empty - \",\"\"\r\n\" - Empty - \",\"\"\r\n\"C:\\C.NTP\"\r\n";
+    EXPECT_EQ(printSettings(sample), expected);
+    for (const char* behind : {"", "\x1A", "x", "\"x\"\r\n", "x,\"y\"\r\n"}) {
+        expectReads(expected + behind, sample);
+    }
+    std::erase(expected, '\r');
+    expectReads(expected, sample);
+    expected.replace(1, 4, "\"The\"");
+    sample.HostName = "\"The\" Host";
+    expectReads(expected, sample);
+    sample.DefaultGameFile = "";
+    expectReads(expected.substr(0, expected.rfind("\"C:")) + "\n", sample);
+    expectReads("  \"a, b\" , \"c\",\"d\" ,1,\"2\"\r\"\",\"\",\"\",\"\",\"\",\"\"\n\"e\"\r\n \r\n",
+                {"a, b", "c", "d", {{{"1", "2"}, {"", ""}, {"", ""}, {"", ""}}}, "e"});
+}
+
+TEST_F(SettingsText, CutAtAnyByteKeepsTheWholeLinesAndNothingElseWhateverQuotesTheyHold) {
+    sample.HostName = "\"The\", \"Host";
+    sample.SmtpServer = "a\",\"b";
+    sample.StoredGames[0].StoredGameName = "\"Cup\"";
+    const std::string text = printSettings(sample);
+    constexpr size_t valuesUpToLine[] = {0, 1, 2, 3, 5, 7, 9, 11, 12};
+    for (size_t length = 0, lines = 0; length <= text.size(); ++length) {
+        const bool lineEnds = lines < 7 && text.substr(0, length).ends_with("\r\n");
+        lines += lineEnds || text.substr(length) == "\r\n" ? 1 : 0;
+        expectReads(text.substr(0, length), upTo(valuesUpToLine[lines]), lines < 8);
+        if (lines < 8) {
+            expectReads(text.substr(0, length) + '\0' + text.substr(length),
+                        upTo(valuesUpToLine[lines]), true);
+        }
+    }
+}
+
+TEST_F(SettingsText, ALineWithDamageOrTooManyValuesPutsNoneIntoAnyField) {
+    const auto read = [this](const std::string& from, const std::string& to, size_t values) {
+        std::string text = printSettings(sample);
+        expectReads(text.replace(text.find(from), from.size(), to), upTo(values), true);
+    };
+    read("\"Game Host\"", "Game\"Host", 0);
+    read("\"host@example.org\"", "\"host@example.org\",\"x", 1);
+    read("\"Spring, Cup\"", "\"Spring\",\"Cup\"", 3);
+}
 
 class SettingsFiles : public testing::Test {
   protected:
@@ -14,25 +108,15 @@ class SettingsFiles : public testing::Test {
 
     void expectRead(Outcome outcome, const Settings& expected) {
         EXPECT_EQ(file.read(settings), outcome);
-        EXPECT_EQ(printSettings(settings), printSettings(expected));
+        EXPECT_TRUE(settings == expected) << printSettings(settings);
     }
 
-    const Settings sample{"Host, the", "host@example.org", "mail:2525", {}, "C:\\Cup\\CUP.NTP"};
+    const Settings sample = sampleSettings();
     TempFolder program;
     TempFolder configuration;
     Settings settings = sample;
     SettingsFile file{program.path(), configuration.path()};
 };
-
-TEST_F(SettingsFiles, AMissingOneGivesStartValuesAndWhatIsWrittenIsReadByTheNextRun) {
-    expectRead(Outcome::Missing, Settings());
-    EXPECT_EQ(program.names(), Names());
-    file.write(sample);
-    file = SettingsFile(program.path(), configuration.path());
-    expectRead(Outcome::Read, sample);
-    EXPECT_EQ(program.names(), Names({"TURNPOST.INI"}));
-    EXPECT_EQ(configuration.names(), Names());
-}
 
 TEST_F(SettingsFiles, ADamagedOneIsKeptBeforeItIsOverwrittenAndOnlyThen) {
     const std::string damaged = "\"Host\"\r\n\"host@exam";
@@ -42,6 +126,7 @@ TEST_F(SettingsFiles, ADamagedOneIsKeptBeforeItIsOverwrittenAndOnlyThen) {
     EXPECT_EQ(file.copyPath(), program.path("TURNPOST.BAD"));
     file.write(Settings());
     file.write(sample);
+    EXPECT_EQ(program.names(), Names({"TURNPOST.BAD", "TURNPOST.INI"}));
     EXPECT_EQ(program.read("TURNPOST.BAD"), damaged) << "the good file took its place";
     EXPECT_EQ(program.read("TURNPOST.INI"), printSettings(sample));
     const std::string large = printSettings(sample) + std::string(1U << 20U, 'x');
@@ -73,7 +158,12 @@ TEST_F(SettingsFiles, OneThatCannotBeReadIsReportedAndKeptOnceThatIsPossible) {
     EXPECT_EQ(program.read("TURNPOST.INI"), printSettings(sample));
 }
 
-TEST_F(SettingsFiles, GoIntoTheConfigurationFolderWhenTheProgramsTakesNone) {
+TEST_F(SettingsFiles, GoIntoTheProgramsFolderOrTheConfigurationFolderWhenThatTakesNone) {
+    expectRead(Outcome::Missing, Settings());
+    EXPECT_EQ(program.names(), Names());
+    file.write(sample);
+    EXPECT_EQ(program.names(), Names({"TURNPOST.INI"}));
+    EXPECT_EQ(configuration.names(), Names());
     const std::string unwritable = program.path("missing");
     const std::string deep = joinPath(configuration.path("not"), "yet");
     file = SettingsFile(unwritable, deep);
@@ -84,12 +174,26 @@ TEST_F(SettingsFiles, GoIntoTheConfigurationFolderWhenTheProgramsTakesNone) {
 }
 
 #ifndef _WIN32
-TEST_F(SettingsFiles, BroughtOverFromWindowsKeepTheirLettersAndAnyCaseOfTheirName) {
-    Settings expected;
-    expected.HostName = "J\u00FCrgen";
+TEST_F(SettingsFiles, InAFolderThatMayOnlyBeReadAreReadThere) {
+    std::filesystem::permissions(program.path(), std::filesystem::perms(0555));
+    {
+        const Unprivileged person;
+        EXPECT_EQ(SettingsFile(program.path(), configuration.path()).path(),
+                  configuration.path("TURNPOST.INI"));
+    }
+    std::filesystem::permissions(program.path(), std::filesystem::perms(0755));
     program.write("turnpost.ini", "\"J\xFCrgen\"" + printSettings(Settings()).substr(2));
     configuration.write("TURNPOST.INI", printSettings(sample));
-    expectRead(Outcome::Read, expected);
+    std::filesystem::permissions(program.path(), std::filesystem::perms(0555));
+    Settings expected;
+    expected.HostName = "J\u00FCrgen";
+    {
+        const Unprivileged person;
+        file = SettingsFile(program.path(), configuration.path());
+        expectRead(Outcome::Read, expected);
+        EXPECT_THROW(file.write(sample), FileError);
+    }
+    std::filesystem::permissions(program.path(), std::filesystem::perms(0755));
     file.write(settings);
     EXPECT_EQ(program.names(), Names({"turnpost.ini"}));
     expectRead(Outcome::Read, expected);
