@@ -24,14 +24,6 @@ TEST_F(StartUp, AFirstRunAsksForTheSettingsBeforeTheWindowIsShown) {
     EXPECT_EQ(values.attachments, (AttachmentChoices{1, 0, {}}));
 }
 
-TEST_F(StartUp, WithoutReadableSettingsTheProgramRunsOnAndKeepsThoseOfThisRun) {
-    program.makeFolder("TURNPOST.INI");
-    application.startUp();
-    EXPECT_EQ(windows.shown.back(), "main window");
-    application.storeEmailSettings("Host", "host@example.org", "mail");
-    EXPECT_EQ(values.settings, (Settings{"Host", "host@example.org", "mail", {}, ""}));
-}
-
 class Commands : public AppFixture {
   protected:
     Commands() {

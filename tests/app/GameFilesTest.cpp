@@ -89,8 +89,10 @@ TEST_F(GameFiles, AMovedGameIsTheOneBesideItsFileUnlessTheOldPlaceStillHoldsIt) 
 }
 
 TEST_F(GameFiles, WithoutAHostFileAllElseIsLoadedAndShownBeforeThatIsSaid) {
+    const TempFolder moved;
+    moved.write("GAME.NTP", host.read("GAME.NTP"));
     removeHostFile();
-    open(host, "GAME.NTP");
+    open(moved, "GAME.NTP");
     EXPECT_EQ(loaded(), saved.substr(0, saved.size() - 4) + "9999");
     EXPECT_EQ(windows.shown, Texts({"file picker", "values", "box"}));
     EXPECT_EQ(windows.boxes,

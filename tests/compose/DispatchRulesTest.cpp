@@ -128,7 +128,7 @@ TEST_F(DispatchRules, FilesThatAreTooLongTogetherRefuseTheRowBeforeAnyIsTaken) {
     resize("EXTRA0", (64U << 20) - 2);
     expectBoth("Message too long");
     EXPECT_EQ(attached, Names());
-    attachments.ExtraAttachments[1] = attachments.ExtraAttachments[2];
+    resize("EXTRA0", 64U << 20);
     remove("GAME.M3");
     expectBoth("M3file not found \r\nMessage too long", "M3file not found ");
 }

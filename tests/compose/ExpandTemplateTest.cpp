@@ -4,25 +4,6 @@
 
 namespace turnpost {
 
-TEST(ExpandTemplate, EveryOccurrenceIsReplacedOnceAndInItsOrder) {
-    struct Case {
-        std::string text, gameName, playerName, expected;
-    };
-    const std::vector<Case> cases = {
-        {"<<gn>> << GN >> <<GN> <<GN", "Alpha", "", "<<gn>> << GN >> <<GN> <<GN"},
-        {"<<FN>>, <<GY>>: <<GN>>/<<PN>><<PN>>\r\n<<FN>>", "Alpha", "Gold Wing Admiral",
-         "Gold, 2405: Alpha/1212\r\nGold"},
-        // A value put in is scanned by the later steps only.
-        {"<<GN>>!", "<<PN>> <<FN>> <<GY>> <<GN>>", "Gold", "12 Gold 2405 <<GN>>!"},
-        {"<<FN>>", "Alpha", "<<GN>><<PN>><<GY>>", "<<GN>><<PN>>2405"},
-        // The first name ends at the first space and at nothing else.
-        {"<<FN>>", "", "A\tB C", "A\tB"},
-        {"<<FN>>", "", " Gold", ""}};
-    for (const auto& [text, gameName, playerName, expected] : cases) {
-        EXPECT_EQ(ExpandTemplate(text, gameName, 11, playerName, 2405), expected) << text;
-    }
-}
-
 TEST(ExpandTemplate, TheDefaultTemplateIsExactToTheLastLine) {
     EXPECT_EQ(defaultTemplate().MessageSubject, "Turn <<GY>> for <<GN>> - Player <<PN>>");
     const std::string body =

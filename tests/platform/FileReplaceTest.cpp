@@ -97,6 +97,8 @@ TEST_F(FileReplace, ALinkStaysALinkAndItsTargetIsReplacedOrMade) {
         EXPECT_EQ(failure("first", content), "");
         EXPECT_EQ(temp.read("real/file"), content);
     }
+    EXPECT_EQ(failure("REAL\\new"), "");
+    EXPECT_EQ(temp.read("real/new"), "new");
     EXPECT_EQ(fs::read_symlink(temp.path("first")), temp.path("second"));
     EXPECT_EQ(fs::read_symlink(temp.path("second")), "real/file");
     EXPECT_EQ(temp.names(), Names({"first", "real", "second"}));

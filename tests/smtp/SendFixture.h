@@ -6,6 +6,8 @@
 #include "fakes/TempFolder.h"
 #include "smtp/SendDriver.h"
 
+#include <gtest/gtest.h>
+
 namespace turnpost {
 
 /// A driver with its session, a server played by the test, and a game whose folder holds a host

@@ -2,6 +2,7 @@
 
 #include "fakes/TempFolder.h"
 #include "platform/FileError.h"
+#include "storage/QuotedValues.h"
 
 #include <gtest/gtest.h>
 
@@ -25,13 +26,15 @@ Settings sampleSettings() {
 
 class SettingsText : public testing::Test {
   protected:
-    // The sample up to its first values, start values after them.
-    Settings upTo(size_t values) {
-        Settings result;
-        for (size_t i = 0; i < values; ++i) {
-            *fieldsOf(result)[i] = *fieldsOf(sample)[i];
+    // Reads the sample's first lines, and start values for the rest.
+    void expectReadsLines(const std::string& text, size_t count) const {
+        const std::string mine = printSettings(sample);
+        const std::string empty = printSettings(Settings());
+        std::string expected;
+        for (size_t i = 0; i < 8; ++i) {
+            expected += linesOf(i < count ? mine : empty).at(i);
         }
-        return result;
+        expectReads(text, parseSettings(expected).settings, count < 8);
     }
 
     static void expectReads(const std::string& text, const Settings& expected,
@@ -42,17 +45,6 @@ class SettingsText : public testing::Test {
     }
 
     Settings sample = sampleSettings();
-
-  private:
-    static std::vector<std::string*> fieldsOf(Settings& settings) {
-        std::vector<std::string*> fields = {&settings.HostName, &settings.HostEmail,
-                                            &settings.SmtpServer};
-        for (StoredGame& slot : settings.StoredGames) {
-            fields.insert(fields.end(), {&slot.StoredGameName, &slot.StoredGameFile});
-        }
-        fields.push_back(&settings.DefaultGameFile);
-        return fields;
-    }
 };
 
 TEST_F(SettingsText, HasEightLinesOfValuesInTheOrderOtherReadersExpect) {
@@ -79,22 +71,19 @@ TEST_F(SettingsText, CutAtAnyByteKeepsTheWholeLinesAndNothingElseWhateverQuotesT
     sample.SmtpServer = "a\",\"b";
     sample.StoredGames[0].StoredGameName = "\"Cup\"";
     const std::string text = printSettings(sample);
-    constexpr size_t valuesUpToLine[] = {0, 1, 2, 3, 5, 7, 9, 11, 12};
-    for (size_t length = 0, lines = 0; length <= text.size(); ++length) {
-        const bool lineEnds = lines < 7 && text.substr(0, length).ends_with("\r\n");
-        lines += lineEnds || text.substr(length) == "\r\n" ? 1 : 0;
-        expectReads(text.substr(0, length), upTo(valuesUpToLine[lines]), lines < 8);
-        if (lines < 8) {
-            expectReads(text.substr(0, length) + '\0' + text.substr(length),
-                        upTo(valuesUpToLine[lines]), true);
-        }
+    for (size_t length = 0, lines = 0; length < text.size() - 2; ++length) {
+        lines += text.substr(0, length).ends_with("\r\n") ? 1 : 0;
+        expectReadsLines(text.substr(0, length), lines);
+        expectReadsLines(text.substr(0, length) + '\x1A', lines);
+        expectReadsLines(text.substr(0, length) + '\0' + text.substr(length), lines);
     }
+    expectReads(text.substr(0, text.size() - 2), sample);
 }
 
 TEST_F(SettingsText, ALineWithDamageOrTooManyValuesPutsNoneIntoAnyField) {
-    const auto read = [this](const std::string& from, const std::string& to, size_t values) {
+    const auto read = [this](const std::string& from, const std::string& to, size_t lines) {
         std::string text = printSettings(sample);
-        expectReads(text.replace(text.find(from), from.size(), to), upTo(values), true);
+        expectReadsLines(text.replace(text.find(from), from.size(), to), lines);
     };
     read("\"Game Host\"", "Game\"Host", 0);
     read("\"host@example.org\"", "\"host@example.org\",\"x", 1);
@@ -152,6 +141,7 @@ TEST_F(SettingsFiles, OneThatCannotBeReadIsReportedAndKeptOnceThatIsPossible) {
     EXPECT_EQ(settings, Settings());
     EXPECT_THROW(file.write(sample), FileError);
     std::filesystem::remove(toNativePath(file.path()));
+    file.write(sample);
     program.write("TURNPOST.INI", "of the host");
     file.write(sample);
     EXPECT_EQ(program.read("TURNPOST.BAD"), "of the host");
