@@ -1,5 +1,4 @@
 #include "Property.h"
-#include "compose/ExpandTemplate.h"
 #include "fakes/TempFolder.h"
 #include "platform/CodePage.h"
 #include "platform/FileError.h"
@@ -73,35 +72,6 @@ void checkHostYear(const std::string& bytes) {
     } catch (const FileError&) {
         require(years < 0 || 2400 + years > 32767, "only short files and far years are refused");
     }
-}
-
-// One step, taken character by character.
-std::string filled(const std::string& text, const std::string& placeholder,
-                   const std::string& value) {
-    std::string result;
-    for (size_t i = 0; i < text.size();) {
-        const bool here = text.compare(i, placeholder.size(), placeholder) == 0;
-        result += here ? value : text.substr(i, 1);
-        i += here ? placeholder.size() : 1;
-    }
-    return result;
-}
-
-void checkPlaceholders(const std::string& bytes) {
-    // Longer ones multiply to megabytes.
-    if (bytes.size() < 3 || bytes.size() > 1000) {
-        return;
-    }
-    const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.data());
-    const int row = data[0] % 16;
-    const auto year = static_cast<std::int16_t>(data[1] << 8 | data[2]);
-    const Texts texts = fuzz::textsOf(data + 3, bytes.size() - 3, 3);
-    std::string expected = filled(texts[2], "<<GN>>", texts[0]);
-    expected = filled(expected, "<<PN>>", std::to_string(row + 1));
-    expected = filled(expected, "<<FN>>", texts[1].substr(0, texts[1].find(' ')));
-    require(ExpandTemplate(texts[2], texts[0], row, texts[1], year) ==
-                filled(expected, "<<GY>>", std::to_string(year)),
-            "four steps in order, each leaving alone what it has put in");
 }
 
 void checkSettings(const Settings& settings) {
@@ -191,7 +161,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     const std::string bytes(reinterpret_cast<const char*>(data), size);
     checkCodePages(bytes);
     checkHostYear(bytes);
-    checkPlaceholders(bytes);
     checkReading(bytes);
     checkWriting(data, size);
     return 0;

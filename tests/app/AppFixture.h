@@ -12,11 +12,11 @@ namespace turnpost {
 
 /// A program in a folder of its own, with a person played by the test. The host's folder holds a
 /// game of the players 1 and 4 in 2405.
-class PlayedProgram {
-  public:
+class AppFixture : public testing::Test {
+  protected:
     using Texts = std::vector<std::string>;
 
-    PlayedProgram() {
+    AppFixture() {
         writeHostFile('\x05');
         host.write("GAME.M1", "one");
         host.write("GAME.M4", "four");
@@ -74,7 +74,5 @@ class PlayedProgram {
     const SharedValues& values = application.values();
     GameDetails& game = application.game();
 };
-
-class AppFixture : public testing::Test, public PlayedProgram {};
 
 } // namespace turnpost

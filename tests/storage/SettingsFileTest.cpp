@@ -12,20 +12,14 @@
 
 namespace turnpost {
 
-namespace {
-
-Settings sampleSettings() {
-    return {"Game Host",
-            "host@example.org",
-            "mail:2525",
-            {{{"Spring, Cup", "C:\\Cup\\CUP.NTP"}, {}, {}, {}}},
-            "C:\\C.NTP"};
-}
-
-} // namespace
-
 class SettingsText : public testing::Test {
   protected:
+    Settings sample{"Game Host",
+                    "host@example.org",
+                    "mail:2525",
+                    {{{"Spring, Cup", "C:\\Cup\\CUP.NTP"}, {}, {}, {}}},
+                    "C:\\C.NTP"};
+
     // Reads the sample's first lines, and start values for the rest.
     void expectReadsLines(const std::string& text, size_t count) const {
         const std::string mine = printSettings(sample);
@@ -43,8 +37,6 @@ class SettingsText : public testing::Test {
         EXPECT_EQ(reading.damaged, damaged) << text;
         EXPECT_TRUE(reading.settings == expected) << text << printSettings(reading.settings);
     }
-
-    Settings sample = sampleSettings();
 };
 
 TEST_F(SettingsText, HasEightLinesOfValuesInTheOrderOtherReadersExpect) {
@@ -90,7 +82,7 @@ TEST_F(SettingsText, ALineWithDamageOrTooManyValuesPutsNoneIntoAnyField) {
     read("\"Spring, Cup\"", "\"Spring\",\"Cup\"", 3);
 }
 
-class SettingsFiles : public testing::Test {
+class SettingsFiles : public SettingsText {
   protected:
     using Names = std::set<std::string>;
     using Outcome = SettingsFile::Outcome;
@@ -100,7 +92,6 @@ class SettingsFiles : public testing::Test {
         EXPECT_TRUE(settings == expected) << printSettings(settings);
     }
 
-    const Settings sample = sampleSettings();
     TempFolder program;
     TempFolder configuration;
     Settings settings = sample;
@@ -165,25 +156,21 @@ TEST_F(SettingsFiles, GoIntoTheProgramsFolderOrTheConfigurationFolderWhenThatTak
 
 #ifndef _WIN32
 TEST_F(SettingsFiles, InAFolderThatMayOnlyBeReadAreReadThere) {
-    std::filesystem::permissions(program.path(), std::filesystem::perms(0555));
-    {
+    const auto pathForAnybody = [this] {
+        std::filesystem::permissions(program.path(), std::filesystem::perms(0555));
         const Unprivileged person;
-        EXPECT_EQ(SettingsFile(program.path(), configuration.path()).path(),
-                  configuration.path("TURNPOST.INI"));
-    }
+        file = SettingsFile(program.path(), configuration.path());
+        return file.path();
+    };
+    EXPECT_EQ(pathForAnybody(), configuration.path("TURNPOST.INI"));
     std::filesystem::permissions(program.path(), std::filesystem::perms(0755));
     program.write("turnpost.ini", "\"J\xFCrgen\"" + printSettings(Settings()).substr(2));
     configuration.write("TURNPOST.INI", printSettings(sample));
-    std::filesystem::permissions(program.path(), std::filesystem::perms(0555));
+    EXPECT_EQ(pathForAnybody(), program.path("TURNPOST.INI"));
+    std::filesystem::permissions(program.path(), std::filesystem::perms(0755));
     Settings expected;
     expected.HostName = "J\u00FCrgen";
-    {
-        const Unprivileged person;
-        file = SettingsFile(program.path(), configuration.path());
-        expectRead(Outcome::Read, expected);
-        EXPECT_THROW(file.write(sample), FileError);
-    }
-    std::filesystem::permissions(program.path(), std::filesystem::perms(0755));
+    expectRead(Outcome::Read, expected);
     file.write(settings);
     EXPECT_EQ(program.names(), Names({"turnpost.ini"}));
     expectRead(Outcome::Read, expected);
