@@ -1,65 +1,16 @@
 #include "Property.h"
+#include "fakes/FakeDisplay.h"
+#include "fakes/FakeSocket.h"
 #include "fakes/TempFolder.h"
 #include "platform/CodePage.h"
-#include "platform/Messages.h"
-#include "smtp/MessageText.h"
 #include "smtp/SendDriver.h"
-
-#include <utility>
 
 using namespace turnpost;
 using fuzz::require;
 
 namespace {
 
-/// The fuzzer's end of the line: keeps what each connection was told.
-class Line final : public Socket {
-  public:
-    std::vector<std::string> sent;
-
-    void setEvents(SocketEvents* newEvents) override { events = newEvents; }
-    void Connect(const std::string&, std::uint16_t) override {
-        require(!open, "a connection is closed before the next is made");
-        open = true;
-        sent.emplace_back();
-    }
-    bool isOpen() const override { return open; }
-    void SendData(const std::string& bytes) override {
-        require(open, "nothing is sent without a connection");
-        sent.back() += bytes;
-    }
-    std::string GetData() override { return std::exchange(waiting, {}); }
-    void Close() override { open = false; }
-    std::chrono::steady_clock::duration silence() const override { return {}; }
-    void CloseWhenSent() override {
-        require(sent.back().ends_with("QUIT\r\n"), "only a finished conversation is let run out");
-        Close();
-    }
-
-    void arrive(std::string bytes) {
-        waiting = std::move(bytes);
-        events->DataArrival();
-    }
-    void fail() { events->Error(10054, "reset"); }
-
-  private:
-    SocketEvents* events = nullptr;
-    std::string waiting;
-    bool open = false;
-};
-
-class Screen final : public SendDisplay, public MessageBox {
-  public:
-    int reports = 0;
-    int boxes = 0;
-
-    void setProgress(double fraction) override {
-        require(fraction >= 0 && fraction <= 1, "the bar keeps to its track");
-    }
-    void openReport() override { ++reports; }
-    void show(const std::string&) override { ++boxes; }
-};
-
+// Every third row gets a message without files.
 struct Game {
     TempFolder folder;
     GameDetails details;
@@ -77,17 +28,16 @@ struct Game {
     }
 
     /// What a row's connection is told, part by part.
-    std::vector<std::string> parts(size_t row) const {
-        const PlayerSlot& player = details.rows.at(row);
-        SendState state;
+    static std::vector<std::string> parts(size_t row) {
         const std::string number = std::to_string(row + 1);
-        state.PlayerSubject = "Turn " + number;
-        state.PlayerBody = "Hello\r\n.\r\nPlayer " + number;
-        std::string text;
-        for (const std::string& part : messageText(settings, player, state)) {
-            text += part;
-        }
-        return {heloLine(settings), mailLine(settings), recipientLine(player), "DATA\r\n", text,
+        const std::string address = "p" + number + "@example.org";
+        return {"HELO host\r\n",
+                "MAIL FROM:host@example.org\r\n",
+                "RCPT TO:" + address + "\r\n",
+                "DATA\r\n",
+                "From:Host <host@example.org>\r\nTo:P" + number + " <" + address +
+                    ">\r\nSubject:Turn " + number + "\r\n\r\nHello\r\n..\r\nPlayer " + number +
+                    "\r\n\r\n\r\n.\r\n",
                 "QUIT\r\n"};
     }
 };
@@ -102,8 +52,8 @@ bool accepted(const std::string& reply) {
 // without a connection.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     static const Game game;
-    Line line;
-    Screen screen;
+    FakeSocket line;
+    FakeDisplay screen;
     SendReport report;
     SendDriver driver({game.details, game.message, game.attachments}, game.settings, report, line,
                       screen, screen);
@@ -117,7 +67,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
             break;
         }
         if (reply == "!") {
-            line.fail();
+            line.fail(10054, "reset");
             broken = true;
             break;
         }
@@ -126,22 +76,27 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
             continue;
         }
         if (accepted(reply)) {
-            told += game.parts(row).at(step);
+            told += Game::parts(row).at(step);
         }
         require(line.sent.at(row / 3) == told, "one accepted reply, one part; its own row's words");
         step = accepted(reply) ? step + 1 : 6;
         if (step == 6) {
-            require(report.at(row) == (accepted(reply) ? messages::emailSent()
-                                                       : messages::smtpError(fromWireBytes(reply))),
+            require(report.at(row) ==
+                        (accepted(reply) ? "Email sent OK" : "SMTP Error: " + fromWireBytes(reply)),
                     "a row's line says what came of it");
             row += 3;
             step = 0;
             told.clear();
         }
     }
-    require(screen.boxes == (broken ? 1 : 0), "a box for a broken connection and nothing else");
+    const auto boxes = broken ? std::vector<std::string>{"Winsock Error number 10054\r\nreset"}
+                              : std::vector<std::string>();
+    require(screen.boxes == boxes, "a box for a broken connection and nothing else");
     require(screen.reports == (row >= rowCount ? 1 : 0), "one report, at the end");
     require(line.isOpen() == (!broken && row < rowCount), "connected while a row is under way");
+    for (const double fraction : screen.progress) {
+        require(fraction >= 0 && fraction <= 1, "the bar keeps to its track");
+    }
     for (size_t i = row; i < rowCount; i += 3) {
         require(report.at(i).empty(), "no outcome for rows not yet served");
     }

@@ -32,21 +32,31 @@ class AppFixture : public testing::Test {
     }
 
     /// The person picks this file the next time the picker opens.
-    void willPick(const std::string& folder, const std::string& file) {
-        windows.inFilePicker = [this, folder, file] { application.pickFile(folder, file, false); };
+    void willPick(const std::string& place, const std::string& file) {
+        windows.inFilePicker = [this, place, file] { application.pickFile(place, file, false); };
+    }
+
+    void find(const std::string& hostFile) {
+        willPick(host.path(), hostFile);
+        application.findGame();
+    }
+
+    void open(const TempFolder& place, const std::string& file) {
+        willPick(place.path(), file);
+        application.openGame();
     }
 
     void startWithGame() {
-        start();
-        willPick(host.path(), "GAME.HST");
-        application.findGame();
-        application.game().GameName = "Cup";
+        start({"Host", "host@example.org", "mail:2525", {}, ""});
+        find("GAME.HST");
+        game.GameName = "Cup";
         windows.shown.clear();
     }
 
     TempFolder program;
     TempFolder configuration;
     TempFolder host;
+    const std::string folder = withSeparator(host.path());
     FakeWindows windows;
     FakeSocket socket;
     Texts mailCalls;
@@ -62,6 +72,7 @@ class AppFixture : public testing::Test {
             return MailSystem{std::make_unique<FakeMail>(mailCalls), std::move(messages)};
         }};
     const SharedValues& values = application.values();
+    GameDetails& game = application.game();
 };
 
 } // namespace turnpost

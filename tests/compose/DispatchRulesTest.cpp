@@ -1,5 +1,6 @@
 #include "compose/DispatchRules.h"
 
+#include "compose/SendReport.h"
 #include "fakes/TempFolder.h"
 #include "platform/FileError.h"
 
@@ -16,14 +17,14 @@ class DispatchRules : public testing::Test {
         for (const char* name : {"GAME.M3", "GAME.XY", "EXTRA0", "EXTRA2"}) {
             temp.write(name, "x");
         }
-        game.GameName = "Alpha";
-        game.GamePath = withSeparator(temp.path());
-        game.GameYear = 2405;
-        player = {1, "Red Leader", "red@example.org", "", "GAME.M3", true};
     }
 
     void remove(const std::string& name) const {
         std::filesystem::remove(toNativePath(temp.path(name)));
+    }
+
+    void resize(const std::string& name, std::uintmax_t size) const {
+        std::filesystem::resize_file(toNativePath(temp.path(name)), size);
     }
 
     // The row's line, or its texts when it gets a message; fills attached.
@@ -48,8 +49,8 @@ class DispatchRules : public testing::Test {
     void expectBoth(const std::string& expected) { expectBoth(expected, expected); }
 
     TempFolder temp;
-    GameDetails game;
-    PlayerSlot& player = game.rows[2];
+    GameDetails game{"Alpha", withSeparator(temp.path()), "GAME.HST", 2405, {}};
+    PlayerSlot& player = game.rows[2] = {1, "Red Leader", "red@example.org", "", "GAME.M3", true};
     MessageTemplate text{" <<GY>> <<PN>>", "<<FN>> of <<GN>>"};
     const std::string sent = "Red of Alpha 2405 3";
     AttachmentChoices attachments{1, 1, {temp.path("EXTRA0"), "", temp.path("EXTRA2")}};
@@ -57,17 +58,17 @@ class DispatchRules : public testing::Test {
     Names attached;
 };
 
-TEST_F(DispatchRules, AnAcceptedRowHasItsFilesInOrderItsTextsAndAnEmptyLine) {
+TEST_F(DispatchRules, EachCommandHasItsFilesInOrderAndLooksForNoOthers) {
     for (const Transport transport : {Transport::Smtp, Transport::Mapi}) {
         EXPECT_EQ(outcome(transport), sent);
-        EXPECT_EQ(attached, Names({game.GamePath + "GAME.M3", game.GamePath + "GAME.XY",
-                                   temp.path("EXTRA0"), temp.path("EXTRA2")}));
+        EXPECT_EQ(attached, Names({temp.path("GAME.M3"), temp.path("GAME.XY"), temp.path("EXTRA0"),
+                                   temp.path("EXTRA2")}));
     }
-}
-
-TEST_F(DispatchRules, FilesThatAreNotToBeSentAreNeitherLookedForNorAttached) {
-    remove("GAME.M3");
     remove("GAME.XY");
+    attachments = {1, 0, {}};
+    expectBoth(sent);
+    EXPECT_EQ(attached, Names{temp.path("GAME.M3")});
+    remove("GAME.M3");
     for (const AttachmentChoices& none : {AttachmentChoices{0, 0, {}}, {2, 255, {}}}) {
         attachments = none;
         expectBoth(sent);
@@ -115,32 +116,44 @@ TEST_F(DispatchRules, AFileThatCannotBeReadRefusesTheRowWithItsOwnFinding) {
 }
 
 TEST_F(DispatchRules, FilesThatAreTooLongTogetherRefuseTheRowBeforeAnyIsTaken) {
-    const auto extra = toNativePath(temp.path("EXTRA0"));
-    std::filesystem::resize_file(extra, (64U << 20) - 3);
+    resize("EXTRA0", (64U << 20) - 3);
     expectBoth(sent);
-    std::filesystem::resize_file(extra, (64U << 20) - 2);
+    resize("EXTRA0", (64U << 20) - 2);
     expectBoth("Message too long");
     EXPECT_EQ(attached, Names());
-    attachments.ExtraAttachments[1] = attachments.ExtraAttachments[2];
+    resize("EXTRA0", 64U << 20);
     remove("GAME.M3");
     expectBoth("M3file not found \r\nMessage too long", "M3file not found ");
 }
 
 TEST_F(DispatchRules, PlaceholdersThatMultiplyFillNoMemoryButAreReported) {
     text = {};
-    for (int i = 0; i < 3000; ++i) {
+    for (int i = 0; i < 300; ++i) {
         text.MessageBody += "<<GN>>";
         game.GameName += "<<FN>>";
     }
     player.PlayerName = std::string(100000, 'x');
     expectBoth("Message too long");
     player.PlayerName = "R e d";
-    EXPECT_EQ(outcome(Transport::Smtp).size(), 3005U * 3000U);
+    EXPECT_EQ(outcome(Transport::Smtp).size(), 305U * 300U);
 }
 
 TEST_F(DispatchRules, UniverseFileNameIsCutAtTheFirstPeriod) {
     EXPECT_EQ(universeFile("C:\\GAMES\\", "My.Cup.M3"), "C:\\GAMES\\My.XY");
     EXPECT_EQ(universeFile("C:\\GAMES\\", "GAME"), "C:\\GAMES\\XY");
+}
+
+TEST(SendReports, HaveALineForEveryPlayerAndTheOutcomeAsItStands) {
+    SendReport report;
+    report[0] = "Email sent OK";
+    report[14] = "M15file not found \r\nXY file not found ";
+    report[15] = "Player Skipped";
+    EXPECT_EQ(reportText(report),
+              "Player 1: Email sent OK\r\nPlayer 2: \r\nPlayer 3: \r\nPlayer 4: \r\nPlayer 5: \r\n"
+              "Player 6: \r\nPlayer 7: \r\nPlayer 8: \r\nPlayer 9: \r\nPlayer 10: \r\n"
+              "Player 11: \r\nPlayer 12: \r\nPlayer 13: \r\nPlayer 14: \r\n"
+              "Player 15: M15file not found \r\nXY file not found \r\nPlayer 16: Player Skipped"
+              "\r\n");
 }
 
 } // namespace turnpost

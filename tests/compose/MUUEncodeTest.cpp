@@ -1,6 +1,5 @@
 #include "compose/MUUEncode.h"
 
-#include "desk/UuDecoder.h"
 #include "fakes/TempFolder.h"
 #include "platform/FileError.h"
 
@@ -19,16 +18,6 @@ TEST(MUUEncode, KnownBlocksAreExactToTheByte) {
         {std::string(46, '\0'), zeros + "!`\"`@\r\n`\r\n"}};
     for (const auto& [bytes, lines] : cases) {
         EXPECT_EQ(uuencodedBlock("A.TXT", bytes), "begin 664 A.TXT\r\n" + lines + "end\r\n");
-    }
-}
-
-TEST(MUUEncode, EveryLengthAroundTheLineBoundariesAndEveryByteDecodeToTheSame) {
-    std::string bytes;
-    for (int length = 0; length <= 900; ++length) {
-        const auto files = desk::decodeUuBlocks(uuencodedBlock("A", bytes));
-        ASSERT_TRUE(files && files->size() == 1) << length;
-        ASSERT_EQ((*files)[0].bytes, bytes) << length;
-        bytes += static_cast<char>(length + length / 256);
     }
 }
 

@@ -1,4 +1,5 @@
 #include "dialogs/FolderList.h"
+#include "dialogs/FilePicker.h"
 
 #include "fakes/TempFolder.h"
 
@@ -41,10 +42,24 @@ TEST(FolderList, AFolderThatCannotBeListedGivesTheNearestAboveItAndStrangeNamesS
 #ifndef _WIN32
     temp.makeFolder("no\xffutf8");
     std::filesystem::create_symlink("nowhere", temp.path("link"));
+    temp.makeFolder("far/deep");
+    std::filesystem::create_symlink("far/deep", temp.path("climb"));
+    EXPECT_EQ(listFolder(temp.path("climb/.."), "*.*")->folder(), temp.path("far"));
     const auto list = listFolder(temp.path(), "*.*");
     EXPECT_EQ(list->files, Names({"file"}));
     EXPECT_TRUE(listFolder(list->lines.back().path, "*.*"));
 #endif
+}
+
+TEST(FilePicker, OpensInTheGamesFolderIfThereIsOneAndOffersNoDefaultButGameDetails) {
+    const TempFolder temp;
+    temp.makeFolder("Game");
+    EXPECT_EQ(pickerStartFolder(temp.path("Game"), "/program"), temp.path("Game"));
+    EXPECT_EQ(pickerStartFolder(temp.path("gone"), "/program"), "/program");
+    EXPECT_EQ(pickerStartFolder("", "/program"), "/program");
+    for (const std::string pattern : {"*.NTP", "*.HST", "*.*"}) {
+        EXPECT_EQ(offersDefaultGame({"", pattern, 0, "", ""}), pattern == "*.NTP");
+    }
 }
 
 } // namespace turnpost

@@ -24,7 +24,7 @@ TEST(Volumes, ThePlacesAreTheRootHomeDriveCAndWhatPeopleUseButNothingOfTheSystem
 }
 
 TEST(Volumes, AFolderBelongsToTheDeepestMountPointAboveIt) {
-    const Names mountPoints = {"/", "/mnt", "/mnt/nas", "C:\\", "D:\\"};
+    const Names mountPoints = {"/mnt", "/mnt/nas", "/", "C:\\", "D:\\"};
     EXPECT_EQ(volumeOf("/mnt/nas/games", mountPoints), "/mnt/nas");
     EXPECT_EQ(volumeOf("/mnt/nas", mountPoints), "/mnt/nas");
     EXPECT_EQ(volumeOf("/mnt/nasty", mountPoints), "/mnt");

@@ -2,13 +2,15 @@
 
 #include "platform/Socket.h"
 
-#include <gtest/gtest.h>
+#include <stdexcept>
+#include <string>
 #include <utility>
 #include <vector>
 
 namespace turnpost {
 
-/// Keeps every connection with what was sent over it, and lets a test speak as the server.
+/// Keeps every connection with what was sent over it, and lets a test speak as the server. What no
+/// program may do with a socket throws.
 class FakeSocket final : public Socket {
   public:
     /// "host:port" of each connection, and what was sent over it.
@@ -19,14 +21,14 @@ class FakeSocket final : public Socket {
     void setEvents(SocketEvents* newEvents) override { events = newEvents; }
 
     void Connect(const std::string& host, std::uint16_t port) override {
-        EXPECT_FALSE(open) << "Connect without closing the connection before";
+        require(!open, "Connect without closing the connection before");
         servers.push_back(host + ":" + std::to_string(port));
         sent.emplace_back();
         open = true;
     }
 
     void SendData(const std::string& bytes) override {
-        ASSERT_TRUE(open) << "SendData without a connection: " << bytes;
+        require(open, "SendData without a connection");
         sent.back() += bytes;
     }
 
@@ -38,7 +40,11 @@ class FakeSocket final : public Socket {
     }
 
     std::chrono::steady_clock::duration silence() const override { return silent; }
-    void CloseWhenSent() override { Close(); }
+
+    void CloseWhenSent() override {
+        require(sent.back().ends_with("QUIT\r\n"), "CloseWhenSent before the conversation's end");
+        Close();
+    }
 
     bool isOpen() const override { return open; }
 
@@ -51,6 +57,12 @@ class FakeSocket final : public Socket {
     void fail(int number, const std::string& description) { events->Error(number, description); }
 
   private:
+    static void require(bool holds, const char* misuse) {
+        if (!holds) {
+            throw std::logic_error(misuse);
+        }
+    }
+
     SocketEvents* events = nullptr;
     std::string waiting;
     bool open = false;

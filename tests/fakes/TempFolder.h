@@ -21,7 +21,9 @@ class TempFolder {
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
     ~TempFolder() {
+        // A test may have taken the right to write.
         std::error_code ignored;
+        std::filesystem::permissions(folder, std::filesystem::perms::owner_all, ignored);
         std::filesystem::remove_all(folder, ignored);
     }
 

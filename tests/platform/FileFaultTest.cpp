@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <cstddef>
+#include <fcntl.h>
 #include <functional>
 #include <gtest/gtest.h>
 #include <linux/filter.h>
@@ -24,6 +25,12 @@ const std::string newBytes = "\"" + std::string(700, 'n') + "\"\r\n";
 
 constexpr int replaced = 0;
 constexpr int refused = 1;
+
+#ifdef SYS_rename
+constexpr unsigned renameCall = SYS_rename;
+#else
+constexpr unsigned renameCall = SYS_renameat;
+#endif
 
 int replaceAndTell(const std::string& path) {
     try {
@@ -55,19 +62,37 @@ void refuseCall(unsigned number) {
     }
 }
 
+std::string nameOfCall(std::uint64_t number, std::uint64_t flags) {
+    constexpr auto anew = static_cast<std::uint64_t>(O_CREAT | O_EXCL);
+    if (number == SYS_openat && (flags & O_CREAT) != 0) {
+        return (flags & anew) == anew ? "new " : "open ";
+    }
+    return number == SYS_write    ? "write "
+           : number == SYS_fsync  ? "flush "
+           : number == renameCall ? "rename "
+                                  : "";
+}
+
 // Saves in a child that is killed after so many stops before and after its system calls. True when
-// it came to its end before that.
-bool endsBefore(int stops, const std::string& path) {
+// it came to its end before that; its calls that change files then stand in the trace.
+bool endsBefore(int stops, const std::string& path, std::string& trace) {
     const pid_t child = startChild([&] {
         ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
         raise(SIGSTOP);
         return replaceAndTell(path);
     });
+    trace.clear();
     int status = 0;
-    waitpid(child, &status, 0);
+    waitpid(child, &status, WUNTRACED);
+    ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_EXITKILL | PTRACE_O_TRACESYSGOOD);
     for (int stop = 0; stop < stops && WIFSTOPPED(status); ++stop) {
         ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
         waitpid(child, &status, 0);
+        __ptrace_syscall_info call{};
+        ptrace(PTRACE_GET_SYSCALL_INFO, child, sizeof call, &call);
+        if (WIFSTOPPED(status) && call.op == PTRACE_SYSCALL_INFO_ENTRY) {
+            trace += nameOfCall(call.entry.nr, call.entry.args[2]);
+        }
     }
     if (WIFSTOPPED(status)) {
         kill(child, SIGKILL);
@@ -120,11 +145,6 @@ TEST_F(FileFault, AWriteThatFailsAtAnyByteLeavesTheOldFileWhole) {
 
 TEST_F(FileFault, AnyOtherSystemCallThatFailsLeavesTheOldFileWholeAndIsReported) {
     temp.write("A", oldBytes);
-#ifdef SYS_rename
-    constexpr unsigned renameCall = SYS_rename;
-#else
-    constexpr unsigned renameCall = SYS_renameat;
-#endif
     // The mode is set where it differs, and has to be where others could read what they could not.
     struct Case {
         unsigned call = 0;
@@ -159,8 +179,9 @@ TEST_F(FileFault, AProcessKilledBetweenAnyTwoSystemCallsLeavesTheOldOrTheNewFile
             std::filesystem::create_symlink("A", temp.path("link"));
         }
         std::set<std::string> seen;
+        std::string trace;
         int stops = 0;
-        while (!endsBefore(stops, temp.path(name)) && !HasFailure()) {
+        while (!endsBefore(stops, temp.path(name), trace) && !HasFailure()) {
             ++stops;
             const std::string found = temp.read("A");
             EXPECT_TRUE(found == oldBytes || found == newBytes) << stops << found;
@@ -172,7 +193,8 @@ TEST_F(FileFault, AProcessKilledBetweenAnyTwoSystemCallsLeavesTheOldOrTheNewFile
         EXPECT_GT(stops, 20);
         EXPECT_EQ(seen.size(), 2U) << "never killed on both sides of the change";
         EXPECT_EQ(temp.read("A"), newBytes);
-        RecordProperty("stops_" + name, stops);
+        // Made anew, so through no link that somebody laid; durable, its folder's entry too.
+        EXPECT_EQ(trace, "new write flush rename flush ");
     }
     EXPECT_TRUE(std::filesystem::is_symlink(temp.path("link")));
 }

@@ -1,6 +1,5 @@
 #include "storage/GameDetailsFile.h"
 
-#include "platform/Messages.h"
 #include "platform/Text.h"
 
 #include <gtest/gtest.h>
@@ -66,6 +65,7 @@ TEST_F(GameDetailsFiles, AreReadToTheLastValueHoweverFlagsAndEmptyTextsAreWritte
     expectReads(text.replace(text.find("1,1"), 3, "+1,1 "), sample);
     game.rows[0] = {-1, "Red \"the\" Leader", "red@example.org", "", "CUP.M1", false};
     expectReads(text.replace(text.find("+1,1 ,\"Red "), 11, "-1,-1,\"Red \"the\" "), sample);
+    expectReads(text + "\r\n \r\n\r\n", sample);
 }
 
 TEST_F(GameDetailsFiles, CutAtAnyByteAreNeverTakenForWhole) {
@@ -78,19 +78,26 @@ TEST_F(GameDetailsFiles, CutAtAnyByteAreNeverTakenForWhole) {
         }
         expectReads(whole.substr(0, whole.size() - 2), sample);
     }
+    body = "\r\n1,1,\"its opening quote\",\"alone\",\"on its line\",\"is no end";
+    expectReads(print(sample), sample);
 }
 
 TEST_F(GameDetailsFiles, WhatIsWrongIsSaid) {
+    const std::string noNumber = "A flag of player 1 is no number";
     for (const char* flags : {"x,1", "1,\"1\"", ",1", "1,", "+-1,1", "1,1.5", "1,99999999999"}) {
-        EXPECT_EQ(damageBy("1,1", flags), messages::flagIsNoNumber(0)) << flags;
+        EXPECT_EQ(damageBy("1,1", flags), noNumber) << flags;
     }
-    EXPECT_EQ(damageBy("\"CUP.M1\"", "\"CUP.M1\",\"x\""), messages::flagIsNoNumber(1));
-    EXPECT_EQ(damageBy("\"Spring Cup\"\r\n", ""), messages::tooFewValues(100, 101));
-    EXPECT_EQ(damageBy("Hello", {"\0", 1}), messages::holdsNul());
+    EXPECT_EQ(damageBy("\"CUP.M1\"", "\"CUP.M1\",\"x\""), "A flag of player 2 is no number");
+    EXPECT_EQ(damageBy("\"Spring Cup\"\r\n", ""), "It holds 100 values that can be read, not 101");
+    EXPECT_EQ(damageBy("Hello", {"\0", 1}), "It holds a NUL character");
+    body = "One place\"\r\n1,1,\"and\",\"another\",\"for the\",\"rows";
+    EXPECT_EQ(damageBy("Red Leader", "Red \"the\" Leader"),
+              "It holds 14 values that can be read, not 101");
+    body.clear();
     game.rows[15].PlayerName = "\",\"";
-    EXPECT_EQ(damageBy("", ""), messages::severalWaysToRead());
+    EXPECT_EQ(damageBy("", ""), "Its double quotes leave several ways to read it");
     // A million values take neither minutes nor all of the memory.
-    EXPECT_EQ(parseGameDetails(std::string(1U << 20U, '\n')).damage, messages::flagIsNoNumber(0));
+    EXPECT_EQ(parseGameDetails(std::string(1U << 20U, '\n')).damage, noNumber);
 }
 
 TEST_F(GameDetailsFiles, AreNamedAfterTheSecondRowElseAfterTheHostFile) {

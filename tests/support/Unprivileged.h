@@ -1,0 +1,23 @@
+#pragma once
+
+#include <unistd.h>
+
+namespace turnpost {
+
+/// While it lives, root, who may read and write everything, is somebody who may not.
+class Unprivileged {
+  public:
+    Unprivileged() : wasRoot(geteuid() == 0 && seteuid(65534) == 0) {}
+    Unprivileged(const Unprivileged&) = delete;
+    Unprivileged& operator=(const Unprivileged&) = delete;
+    ~Unprivileged() {
+        if (wasRoot && seteuid(0) != 0) {
+            _exit(1);
+        }
+    }
+
+  private:
+    bool wasRoot;
+};
+
+} // namespace turnpost
