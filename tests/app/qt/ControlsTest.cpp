@@ -80,8 +80,8 @@ QString tabOrderOf(const QWidget& form) {
     const QWidget* start = form.focusWidget() == nullptr ? &form : form.focusWidget();
     const QWidget* control = start;
     do {
-        if (control != &form && (control->focusPolicy() & Qt::TabFocus) != 0 &&
-            control->objectName() != "butSend2" && !control->objectName().startsWith("qt_")) {
+        const bool stops = (control->focusPolicy() & Qt::TabFocus) != 0;
+        if (stops && control != &form && control->objectName() != "butSend2") {
             order += control->objectName();
         }
         control = control->nextInFocusChain();
@@ -144,11 +144,10 @@ void expectCaptionFits(QWidget& control, const QString& text, int markWidth) {
 
 // Boxes hold one line of any length, and take typing unless they are read-only.
 void expectBoxWorks(QLineEdit& box) {
-    const QString longest(40000, 'x');
-    box.setText("a\r\nb\n" + longest);
-    EXPECT_EQ(box.text(), "a b " + longest) << box.objectName().toStdString();
-    QTest::keyClick(&box, 'y');
-    EXPECT_EQ(box.text().size(), longest.size() + (box.isReadOnly() ? 4 : 5));
+    EXPECT_GT(box.maxLength(), 1 << 24);
+    box.setText("a\r\nb");
+    QTest::keyClick(&box, 'c');
+    EXPECT_EQ(box.text(), box.isReadOnly() ? "a b" : "a bc") << box.objectName().toStdString();
 }
 
 void expectUsable(QWidget& form) {
@@ -202,7 +201,8 @@ TEST_F(Controls, OfEveryWindowAreThoseOfTheTable) {
         {"frmAbout", "mnuAbout"},
     };
     for (const auto& [name, opener] : dialogs) {
-        in(name, opener, [&found](QWidget& form) {
+        in(name, opener, [this, &found](QWidget& form) {
+            EXPECT_EQ(form.parentWidget(), &window()) << "it might open behind the main window";
             found += describe(form);
             expectUsable(form);
             form.close();

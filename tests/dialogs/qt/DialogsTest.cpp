@@ -43,10 +43,7 @@ class Dialogs : public WindowTest {
         makeSampleGame(folder.path(), {{1, 10}, {2, 10}});
         folder.write("README", "a file without a period");
         Settings values{"Game Host", "host@example.org", "localhost", {}, {}};
-        for (size_t slot = 0; slot < 4; ++slot) {
-            const std::string letter(1, static_cast<char>('A' + slot));
-            values.StoredGames[slot] = {letter, "/" + letter + ".NTP"};
-        }
+        values.StoredGames = {{{"A", "/A.NTP"}, {"B", "/B.NTP"}, {"C", "/C.NTP"}, {"D", "/D.NTP"}}};
         folder.write("TURNPOST.INI", printSettings(values));
         host().desktop().startUp();
     }
@@ -58,16 +55,16 @@ class Dialogs : public WindowTest {
         const QString value = deed.mid(control.size() + 1);
         if (deed.contains('=')) {
             host().type(control, value, &form);
-        } else if (deed.contains('>')) {
+            return;
+        }
+        if (deed.contains('>')) {
             host().watcher().expect("frmOpen", [this, value, &form](QWidget& picker) {
                 EXPECT_EQ(picker.parentWidget(), &form) << "it might open behind this dialog";
                 host().selectFile(picker, {}, value.isEmpty() ? "GAME.M2" : value);
                 host().click(value.isEmpty() ? "butCancel" : "butLoad", &picker);
             });
-            host().click(control, &form);
-        } else {
-            host().click(control, &form);
         }
+        host().click(control, &form);
     }
 
     // Opens a dialog, looks at what it shows ("%" is the game's folder), and leaves it by a button
@@ -87,9 +84,9 @@ class Dialogs : public WindowTest {
 
     std::string slotEntries() {
         QString entries;
-        for (int slot = 1; slot <= 4; ++slot) {
-            entries +=
-                window().findChild<QAction*>(QString("mnuStoredG(%1)").arg(slot))->text() + '|';
+        for (const auto* entry :
+             window().findChildren<QAction*>(QRegularExpression("mnuStoredG"))) {
+            entries += entry->text() + '|';
         }
         return entries.toStdString();
     }
@@ -102,7 +99,18 @@ TEST_F(Dialogs, EmailSettingsAreStoredAsTypedByOkOnly) {
            "txtSMTP= mail:2525 "},
           "butOK");
     visit(settings, typed, {"txtHostName=lost", "txtHostEmail=lost", "txtSMTP=lost"}, "");
-    visit(settings, typed, {}, "butOK");
+    in("frmSettings", "mnuEmailSets", [&](QWidget& form) {
+        EXPECT_EQ(shownBy(form), typed);
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        findControl<QWidget>(form, "butOK")->setFocus();
+        QApplication::sendEvent(QApplication::focusWidget(), &held);
+        EXPECT_TRUE(form.isVisible()) << "only a fresh Enter on the button presses it";
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        EXPECT_FALSE(form.isVisible());
+        form.close();
+    });
     EXPECT_EQ(folder.read("TURNPOST.INI"),
               "\"  Bob \"The Host\" Smith\"\r\n\"bob@example.org\"\r\n\" mail:2525 \"\r\n"
               "\"A\",\"/A.NTP\"\r\n\"B\",\"/B.NTP\"\r\n\"C\",\"/C.NTP\"\r\n\"D\",\"/D.NTP\"\r\n"
