@@ -14,7 +14,13 @@ turnpost_qt_test(platform QtSocketTest.cpp FormTest.cpp)
 turnpost_qt_test(smtp FaultTable.cpp FaultTest.cpp FullGameTest.cpp SendingReportTest.cpp)
 target_sources(test_smtp_qt PRIVATE support/MailServer.cpp support/Resources.cpp)
 target_compile_definitions(test_smtp_qt PRIVATE TURNPOST_TESTS="${CMAKE_CURRENT_SOURCE_DIR}")
-turnpost_qt_test(dialogs EmailSettingsTest.cpp FilePickerTest.cpp MessageEditorTest.cpp
-  StoreAndAttachTest.cpp)
+turnpost_qt_test(dialogs DialogsTest.cpp FilePickerTest.cpp)
 turnpost_qt_test(roster MainWindowTest.cpp)
-turnpost_qt_test(app DesktopTest.cpp EveningTest.cpp)
+turnpost_qt_test(app ControlsTest.cpp DesktopTest.cpp)
+
+# The whole way of a host, from an empty folder to both reports.
+add_test(NAME Demo.EveryMessageArrivesAsItShould
+  COMMAND sh -c "rm -rf demo && mkdir demo && exec \"$0\" --headless demo"
+          $<TARGET_FILE:turnpost_demo>)
+set_tests_properties(Demo.EveryMessageArrivesAsItShould PROPERTIES
+  TIMEOUT 120 ENVIRONMENT "${TURNPOST_TEST_ENVIRONMENT}")

@@ -1,11 +1,12 @@
+#include "app/qt/Desktop.h"
+
 #include <QApplication>
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    QApplication::setStyle("Fusion");
-    QApplication::setQuitOnLastWindowClosed(false);
+    turnpost::Desktop::prepareToolkit();
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -79,7 +79,8 @@ bool DemoRun::play(int pause) {
     }
     // The box after saving, then the two reports.
     const auto& texts = person.watcher().texts();
-    if (!person.watcher().faults().empty() || texts.size() != 3) {
+    if (!person.watcher().faults().empty() || texts.size() != 3 ||
+        texts[0] != "Details saved to " + folder.toStdString() + "/game/GAME.NTP") {
         return false;
     }
     std::cout << "Report of Send via SMTP:\n"

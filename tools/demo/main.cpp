@@ -26,8 +26,7 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QApplication application(argc, argv);
-    QApplication::setStyle("Fusion");
-    QApplication::setQuitOnLastWindowClosed(false);
+    turnpost::Desktop::prepareToolkit();
     const QString folder = QFileInfo(QString::fromStdString(arguments.back())).absoluteFilePath();
     turnpost::demo::DemoRun demo(folder.toStdString());
     bool good = false;

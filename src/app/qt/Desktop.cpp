@@ -6,6 +6,8 @@
 #include "dialogs/qt/frmOpen.h"
 #include "dialogs/qt/frmSettings.h"
 #include "dialogs/qt/frmStore.h"
+#include "platform/Folders.h"
+#include "platform/Version.h"
 #include "platform/qt/QtMessageBox.h"
 #include "platform/qt/QtText.h"
 #include "smtp/qt/frmProgRept.h"
@@ -28,6 +30,17 @@ QWidget* frontWindow(frmMain* main) {
 }
 
 } // namespace
+
+void Desktop::prepareToolkit() {
+    QApplication::setApplicationName(applicationTitle);
+    // The layouts are exact to the pixel; other styles' margins would clip captions.
+    QApplication::setStyle("Fusion");
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+ProgramFolders Desktop::ownFolders() {
+    return {programFolder(), configurationFolder()};
+}
 
 Desktop::Desktop(const ProgramFolders& folders, const Application::MailSystemMaker& makeMail)
     : application(std::make_unique<Application>(*this, Winsock1, folders, makeMail)),

@@ -12,7 +12,14 @@ namespace turnpost {
 /// The whole program on a desktop: the application, its socket and its windows.
 class Desktop final : public Windows {
   public:
-    explicit Desktop(const ProgramFolders& folders,
+    /// Style, name and end of a program with these windows; once, before the first of them: it ends
+    /// with the main window and not with a dialog that closes before that one is shown.
+    static void prepareToolkit();
+
+    /// The folders of the running program and of the person's configuration.
+    static ProgramFolders ownFolders();
+
+    explicit Desktop(const ProgramFolders& folders = ownFolders(),
                      const Application::MailSystemMaker& makeMail = makeMailSystem);
 
     void startUp() { application->startUp(); }

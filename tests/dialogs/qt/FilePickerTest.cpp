@@ -1,19 +1,20 @@
-#include "desk/Host.h"
 #include "desk/SampleGame.h"
-#include "platform/Files.h"
+#include "support/WindowTest.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDir>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
 #include <QTest>
-#include <gtest/gtest.h>
+#include <QToolTip>
 
 namespace turnpost::desk {
 
 namespace {
+
+const char* const markup = "<b>a name that is too long for the list & looks like markup.hst";
 
 QStringList shown(QWidget& form, const char* list) {
     const auto* model = findControl<QListView>(form, list)->model();
@@ -24,101 +25,127 @@ QStringList shown(QWidget& form, const char* list) {
     return names;
 }
 
+bool canLoad(QWidget& form) {
+    return findControl<QPushButton>(form, "butLoad")->isEnabled();
+}
+
 } // namespace
 
-class Picker : public testing::Test {
+class Picker : public WindowTest {
   protected:
     Picker() {
-        host.saveSettings("localhost");
-        makeSampleGame(host.folder(), {{1, 10}});
-        makeSampleGame(host.folder() + "/.deep", {{3, 10}});
-        replaceFile(host.folder() + "/other.hst", std::string(12, 'x') + '\x01' + '\0');
-        replaceFile(host.folder() + "/notes.txt", "no game");
-        replaceFile(host.folder() + "/.HST", "hidden");
-        host.desktop().startUp();
+        qputenv("HOME", folder.path().c_str());
+        host().saveSettings("localhost");
+        makeSampleGame(folder.path(), {{1, 10}});
+        makeSampleGame(folder.path(".deep"), {{3, 10}});
+        folder.write("other.hst", std::string(12, 'x') + '\x01' + '\0');
+        folder.write(markup, "");
+        folder.write(".HST", "hidden");
+        folder.write("README", "no game");
+        host().desktop().startUp();
     }
 
-    void openBy(const QString& button, ModalWatcher::Action action) {
-        host.watcher().expect("frmOpen", std::move(action));
-        host.click(button);
-        EXPECT_TRUE(host.watcher().done());
-        EXPECT_EQ(host.watcher().faults(), std::vector<std::string>{});
-    }
-
-    const GameDetails& game() { return host.desktop().app().values().game; }
-
-    Host host;
+    const GameDetails& game() { return values().game; }
 };
 
-TEST_F(Picker, ListsMatchingFilesOfAnyCaseAndLoadsOnlyASelectedOne) {
-    openBy("GameChoose", [this](QWidget& form) {
+TEST_F(Picker, ListsMatchingFilesOfAnyCaseInTheProgramsDriveAndLoadsOnlyASelectedOne) {
+    in("frmOpen", "GameChoose", [this](QWidget& form) {
         EXPECT_EQ(findControl<QLabel>(form, "txtOpenMessage")->text(),
                   "Find Stars! Host File (*.HST)");
-        EXPECT_EQ(shown(form, "File1"), (QStringList{"GAME.HST", "other.hst", ".HST"}));
-        EXPECT_FALSE(findControl<QCheckBox>(form, "LoadDef")->isVisible());
-        auto* load = findControl<QPushButton>(form, "butLoad");
-        EXPECT_FALSE(load->isEnabled());
-        host.selectFile(form, {}, "other.hst");
-        EXPECT_TRUE(load->isEnabled());
+        EXPECT_EQ(shown(form, "File1"), (QStringList{markup, "GAME.HST", "other.hst", ".HST"}));
+        EXPECT_TRUE(findControl<QCheckBox>(form, "LoadDef")->isHidden());
+        EXPECT_EQ(findControl<QComboBox>(form, "Drive1")->currentText().toStdString(),
+                  folder.path());
         auto* files = findControl<QListView>(form, "File1");
+        QTest::keyClick(files, Qt::Key_Return);
+        EXPECT_FALSE(canLoad(form));
+        EXPECT_TRUE(form.isVisible()) << "no file was selected";
+        const QPoint first = files->visualRect(files->model()->index(0, 0)).center();
+        QHelpEvent tip(QEvent::ToolTip, first, files->viewport()->mapToGlobal(first));
+        QApplication::sendEvent(files->viewport(), &tip);
+        EXPECT_TRUE(QToolTip::text().contains("&lt;b&gt;a name")) << QToolTip::text().toStdString();
+        host().selectFile(form, {}, "other.hst");
+        EXPECT_TRUE(canLoad(form));
         QTest::mouseDClick(files->viewport(), Qt::LeftButton, {},
                            files->visualRect(files->currentIndex()).center());
     });
     EXPECT_EQ(game().HostFileName, "other.hst");
-    EXPECT_EQ(game().GamePath, host.folder() + "/");
+    EXPECT_EQ(game().GamePath, folder.path() + "/");
     EXPECT_EQ(game().GameYear, 2401);
 }
 
 TEST_F(Picker, ChoosingAFolderOrADriveMakesLoadUnavailableAndAGoneDriveEmptiesTheLists) {
-    const QTemporaryDir home;
-    qputenv("HOME", home.filePath("home").toUtf8());
-    QDir(home.path()).mkdir("home");
-    openBy("GameChoose", [&](QWidget& form) {
-        auto* load = findControl<QPushButton>(form, "butLoad");
+    qputenv("HOME", folder.path("home").c_str());
+    folder.makeFolder("home");
+    in("frmOpen", "GameChoose", [&](QWidget& form) {
         auto* drives = findControl<QComboBox>(form, "Drive1");
-        EXPECT_EQ(drives->itemText(1), home.filePath("home"));
+        EXPECT_EQ(drives->itemText(1).toStdString(), folder.path("home"));
+        host().selectFile(form, {}, "GAME.HST");
         emit drives->activated(1);
-        host.selectFile(form, QString::fromStdString(host.folder() + "/.deep"), "GAME.HST");
-        EXPECT_TRUE(load->isEnabled());
-        QDir(home.path()).rmdir("home");
+        EXPECT_FALSE(canLoad(form));
+        EXPECT_EQ(shown(form, "Dir1").back(), "home");
+        host().selectFile(form, QString::fromStdString(folder.path(".deep")), "GAME.HST");
+        EXPECT_TRUE(canLoad(form));
+        std::filesystem::remove(folder.path("home"));
         emit drives->activated(1);
-        EXPECT_FALSE(load->isEnabled());
+        EXPECT_FALSE(canLoad(form));
         EXPECT_EQ(shown(form, "File1") + shown(form, "Dir1"), QStringList());
         form.close();
     });
 }
 
 TEST_F(Picker, KeysAloneOpenFoldersSelectFromTheFirstPressAndLoad) {
-    openBy("GameChoose", [this](QWidget& form) {
+    in("frmOpen", "GameChoose", [this](QWidget& form) {
         auto* folders = findControl<QListView>(form, "Dir1");
         auto* files = findControl<QListView>(form, "File1");
+        EXPECT_EQ(QApplication::focusWidget(), files);
         const auto current = [folders] { return folders->currentIndex().data().toString(); };
         const QString start = current();
         QTest::keyClick(folders, Qt::Key_Left);
+        EXPECT_NE(current(), start);
         QTest::keyClicks(folders, start);
         QTest::keyClick(folders, Qt::Key_Right);
-        EXPECT_EQ(current(), QString::fromStdString(host.folder()).section('/', -1));
+        EXPECT_EQ(current(), QString::fromStdString(folder.path()).section('/', -1));
         QTest::keyClick(folders, Qt::Key_End);
         QTest::keyClick(folders, Qt::Key_Return);
         EXPECT_EQ(shown(form, "File1"), QStringList{"GAME.HST"});
         for (const auto key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Home, Qt::Key_End}) {
             files->clearSelection();
             QTest::keyClick(files, key);
-            EXPECT_TRUE(findControl<QPushButton>(form, "butLoad")->isEnabled()) << key;
+            EXPECT_TRUE(canLoad(form)) << key;
         }
         QTest::keyClick(files, Qt::Key_Enter);
     });
-    EXPECT_EQ(game().GamePath, host.folder() + "/.deep/");
+    EXPECT_EQ(game().GamePath, folder.path(".deep/"));
     EXPECT_TRUE(game().rows[2].Shown);
-}
-
-TEST_F(Picker, TheCloseControlChangesNothing) {
-    openBy("GameChoose", [this](QWidget& form) {
-        host.selectFile(form, {}, "GAME.HST");
+    in("frmOpen", "GameChoose", [this](QWidget& form) {
+        EXPECT_EQ(shown(form, "File1"), QStringList{"GAME.HST"}) << "opens in the game's folder";
+        host().selectFile(form, QString::fromStdString(folder.path()), "other.hst");
         form.close();
     });
-    EXPECT_EQ(game().HostFileName, "");
-    EXPECT_EQ(host.desktop().app().values().picker.PickerCancelled, 1);
+    EXPECT_EQ(game().HostFileName, "GAME.HST") << "the close box changes nothing";
+}
+
+TEST_F(Picker, OpenOffersToMakeTheFileTheDefaultGameEachTimeUnticked) {
+    host().findGame();
+    host().type("GameName", "Cup");
+    boxBy("mnuSave");
+    for (const char* button : {"butCancel", "butLoad", "butLoad"}) {
+        const bool asDefault = folder.read("TURNPOST.INI").ends_with("GAME.NTP\"\r\n");
+        in("frmOpen", "mnuOpen", [&](QWidget& form) {
+            EXPECT_EQ(shown(form, "File1"), QStringList{"GAME.NTP"});
+            EXPECT_FALSE(findControl<QCheckBox>(form, "LoadDef")->isChecked());
+            host().selectFile(form, {}, "GAME.NTP");
+            if (!asDefault) {
+                host().click("LoadDef", &form);
+            }
+            host().click(button, &form);
+        });
+        EXPECT_EQ(folder.read("TURNPOST.INI").ends_with("\"" + folder.path("GAME.NTP\"\r\n")),
+                  asDefault || button == std::string("butLoad"));
+    }
+    start().desktop().startUp();
+    EXPECT_EQ(host().textOf("GameName"), "Cup");
 }
 
 } // namespace turnpost::desk

@@ -1,0 +1,207 @@
+#include "desk/SampleGame.h"
+#include "support/WindowTest.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTest>
+
+namespace turnpost::desk {
+
+namespace {
+
+const char* const settings = "frmSettings mnuEmailSets";
+const char* const message = "frmMessage mnuMsg";
+const char* const attachments = "frmAtch butAtch";
+
+// The texts of all boxes and the ticks ("x" or "o") of a dialog, from its first control to its
+// last.
+std::string shownBy(const QWidget& form) {
+    QStringList values;
+    for (const QWidget* control : form.findChildren<QWidget*>()) {
+        if (const auto* line = qobject_cast<const QLineEdit*>(control)) {
+            values += line->text();
+            EXPECT_TRUE(!line->objectName().startsWith("txtStoreFile") ||
+                        line->cursorPosition() == 0);
+        } else if (const auto* area = qobject_cast<const QPlainTextEdit*>(control)) {
+            values += area->toPlainText();
+        } else if (const auto* box = qobject_cast<const QCheckBox*>(control)) {
+            values += box->isChecked() ? "x" : "o";
+        }
+    }
+    return values.join('|').toStdString();
+}
+
+} // namespace
+
+class Dialogs : public WindowTest {
+  protected:
+    Dialogs() {
+        makeSampleGame(folder.path(), {{1, 10}, {2, 10}});
+        folder.write("README", "a file without a period");
+        Settings values{"Game Host", "host@example.org", "localhost", {}, {}};
+        values.StoredGames = {{{"A", "/A.NTP"}, {"B", "/B.NTP"}, {"C", "/C.NTP"}, {"D", "/D.NTP"}}};
+        folder.write("TURNPOST.INI", printSettings(values));
+        host().desktop().startUp();
+    }
+
+    // What is done in a dialog: "control=text" types, "control>file" picks a file in the picker
+    // that the button opens ("control>" cancels it), "control" clicks.
+    void act(QWidget& form, const QString& deed) {
+        const QString control = deed.section(QRegularExpression("[=>]"), 0, 0);
+        const QString value = deed.mid(control.size() + 1);
+        if (deed.contains('=')) {
+            host().type(control, value, &form);
+            return;
+        }
+        if (deed.contains('>')) {
+            host().watcher().expect("frmOpen", [this, value, &form](QWidget& picker) {
+                EXPECT_EQ(picker.parentWidget(), &form) << "it might open behind this dialog";
+                host().selectFile(picker, {}, value.isEmpty() ? "GAME.M2" : value);
+                host().click(value.isEmpty() ? "butCancel" : "butLoad", &picker);
+            });
+        }
+        host().click(control, &form);
+    }
+
+    // Opens a dialog, looks at what it shows ("%" is the game's folder), and leaves it by a button
+    // or, without one, by its close box, which must not write anything.
+    void visit(const QString& dialog, QString shown, const QStringList& deeds, const QString& end) {
+        const std::string before = folder.read("TURNPOST.INI");
+        shown.replace("%", QString::fromStdString(folder.path()));
+        in(dialog.section(' ', 0, 0), dialog.section(' ', 1), [&](QWidget& form) {
+            EXPECT_EQ(shownBy(form), shown.toStdString());
+            for (const QString& deed : deeds) {
+                act(form, deed);
+            }
+            end.isEmpty() ? void(form.close()) : host().click(end, &form);
+        });
+        EXPECT_TRUE(!end.isEmpty() || folder.read("TURNPOST.INI") == before);
+    }
+
+    std::string slotEntries() {
+        QString entries;
+        for (const auto* entry :
+             window().findChildren<QAction*>(QRegularExpression("mnuStoredG"))) {
+            entries += entry->text() + '|';
+        }
+        return entries.toStdString();
+    }
+};
+
+TEST_F(Dialogs, EmailSettingsAreStoredAsTypedByOkOnly) {
+    const char* const typed = "  Bob \"The Host\" Smith|bob@example.org| mail:2525 ";
+    visit(settings, "Game Host|host@example.org|localhost",
+          {"txtHostName=  Bob \"The Host\" Smith", "txtHostEmail=bob@example.org",
+           "txtSMTP= mail:2525 "},
+          "butOK");
+    visit(settings, typed, {"txtHostName=lost", "txtHostEmail=lost", "txtSMTP=lost"}, "");
+    in("frmSettings", "mnuEmailSets", [&](QWidget& form) {
+        EXPECT_EQ(shownBy(form), typed);
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        findControl<QWidget>(form, "butOK")->setFocus();
+        QApplication::sendEvent(QApplication::focusWidget(), &held);
+        EXPECT_TRUE(form.isVisible()) << "only a fresh Enter on the button presses it";
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        EXPECT_FALSE(form.isVisible());
+        form.close();
+    });
+    EXPECT_EQ(folder.read("TURNPOST.INI"),
+              "\"  Bob \"The Host\" Smith\"\r\n\"bob@example.org\"\r\n\" mail:2525 \"\r\n"
+              "\"A\",\"/A.NTP\"\r\n\"B\",\"/B.NTP\"\r\n\"C\",\"/C.NTP\"\r\n\"D\",\"/D.NTP\"\r\n"
+              "\"\"\r\n");
+}
+
+TEST_F(Dialogs, TheMessageIsStoredToTheLastBlankByOkOnlyAndEnterStartsALine) {
+    const QString hard(QChar(0xa0));
+    visit(message, "|", {"txtSubject= Turn <<gn>> & more ", "txtMessage= one\n\n.two" + hard},
+          "mnuOK");
+    EXPECT_EQ(values().message.MessageBody, " one\r\n\r\n.two\u00a0");
+    visit(message, " Turn <<gn>> & more | one\n\n.two ", {"Default"}, "");
+    in("frmMessage", "mnuMsg", [this](QWidget& form) {
+        EXPECT_EQ(shownBy(form), " Turn <<gn>> & more | one\n\n.two ");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget()->objectName(), "mnuOK");
+        for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
+            QTest::keyClick(QApplication::focusWidget(), key);
+        }
+        EXPECT_TRUE(form.isVisible());
+        host().click("Default", &form);
+        host().click("mnuOK", &form);
+    });
+    EXPECT_EQ(values().message.MessageSubject, "Turn <<GY>> for <<GN>> - Player <<PN>>");
+    EXPECT_TRUE(values().message.MessageBody.starts_with("Hello <<FN>>,\r\n\r\n"));
+    visit(
+        message,
+        QString::fromStdString(values().message.MessageSubject + "|" + values().message.MessageBody)
+            .remove('\r'),
+        {"txtSubject=", "txtMessage="}, "mnuOK");
+    visit(message, "|", {}, "");
+}
+
+TEST_F(Dialogs, AttachmentsAreStoredByOkOnlyAndACancelledPickerPicksNothing) {
+    visit(attachments, "o|x|||",
+          {"chkXY", "butAddAtch(0)>GAME.M1", "butAddAtch(1)>", "txtFile(1)= no such file ",
+           "butAddAtch(2)>GAME.HST"},
+          "butOK");
+    visit(attachments, "x|x|%/GAME.M1| no such file |%/GAME.HST",
+          {"chkXY", "chkMx", "butRemove(0)", "txtFile(1)=lost", "butAddAtch(2)>GAME.M2"}, "");
+    visit(attachments, "x|x|%/GAME.M1| no such file |%/GAME.HST",
+          {"butRemove(1)", "chkMx", "butAddAtch(0)>"}, "butOK");
+    EXPECT_TRUE(values().attachments.SendXYFile == 1 && values().attachments.SendMFiles == 0);
+    visit(attachments, "x|o|%/GAME.M1||%/GAME.HST", {}, "butOK");
+    visit(attachments, "x|o|%/GAME.M1||%/GAME.HST",
+          {"chkXY", "chkMx", "butRemove(0)", "butAddAtch(1)>README"}, "butOK");
+    visit(attachments, "o|x||%/README|%/GAME.HST", {"butRemove(2)", "chkXY"}, "butOK");
+    open("mnuNew");
+    visit(attachments, "o|x|||", {}, "");
+}
+
+TEST_F(Dialogs, StoredGamesAreStoredAndShownInTheMenuByOkOnlyEachInItsSlot) {
+    const auto games = [this](const char* shown, const QStringList& deeds, const char* end,
+                              const char* entries) {
+        visit("frmStore mnuStoredCon", shown, deeds, end);
+        EXPECT_EQ(slotEntries(), entries);
+    };
+    host().findGame();
+    host().type("GameName", "Spring & \"Cup\"");
+    boxBy("mnuSave");
+    games("A|/A.NTP|B|/B.NTP|C|/C.NTP|D|/D.NTP", {"butStore(0)", "butClear(1)"}, "", "A|B|C|D|");
+    games("A|/A.NTP|B|/B.NTP|C|/C.NTP|D|/D.NTP", {"butStore(1)", "butClear(2)"}, "mnuOK",
+          "A|Spring && \"Cup\"| - Empty - |D|");
+    games("A|/A.NTP|Spring & \"Cup\"|%/GAME.NTP| - Empty - ||D|/D.NTP",
+          {"butStore(0)", "butClear(0)", "butClear(3)", "butStore(3)"}, "mnuOK",
+          " - Empty - |Spring && \"Cup\"| - Empty - |Spring && \"Cup\"|");
+    open("mnuNew");
+    open("mnuStoredG(1)");
+    EXPECT_EQ(host().textOf("GameName"), "");
+    open("mnuStoredG(4)");
+    EXPECT_EQ(host().textOf("GameName"), "Spring & \"Cup\"");
+    games(" - Empty - ||Spring & \"Cup\"|%/GAME.NTP| - Empty - ||Spring & \"Cup\"|%/GAME.NTP",
+          {"butClear(3)"}, "", " - Empty - |Spring && \"Cup\"| - Empty - |Spring && \"Cup\"|");
+    start().desktop().startUp();
+    EXPECT_EQ(slotEntries(), " - Empty - |Spring && \"Cup\"| - Empty - |Spring && \"Cup\"|");
+}
+
+TEST_F(Dialogs, AboutHasCreditsOfFourLinesAndClosesByEveryKeyAndTheButton) {
+    for (const int key : {0, int(Qt::Key_Escape), int(Qt::Key_Return), int(Qt::Key_Enter)}) {
+        in("frmAbout", "mnuAbout", [this, key](QWidget& form) {
+            const QStringList lines =
+                findControl<QLabel>(form, "lblDescription")->text().split('\n');
+            ASSERT_EQ(lines.size(), 5);
+            EXPECT_TRUE(lines[3].isEmpty() && !lines[4].isEmpty());
+            key == 0 ? host().click("cmdOK", &form)
+                     : QTest::keyClick(&form, static_cast<Qt::Key>(key));
+            EXPECT_FALSE(form.isVisible());
+            form.close();
+        });
+    }
+}
+
+} // namespace turnpost::desk

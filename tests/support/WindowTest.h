@@ -1,0 +1,61 @@
+#pragma once
+
+#include "desk/Host.h"
+#include "fakes/TempFolder.h"
+
+#include <gtest/gtest.h>
+#include <optional>
+
+namespace turnpost::desk {
+
+/// A host at the desk in a folder of their own. There is one at a time: a second one's windows
+/// would be closed by the first one's watcher. At the end of each, every expected window must have
+/// come and gone, and no other.
+class WindowTest : public testing::Test {
+  protected:
+    WindowTest() { start(); }
+    void TearDown() override { leave(); }
+
+    /// The program anew, in the same folder; the one before is gone.
+    Host& start(const Application::MailSystemMaker& makeMail = makeMailSystem) {
+        leave();
+        return desk.emplace(folder.path(), makeMail);
+    }
+
+    Host& host() { return *desk; }
+    frmMain& window() { return desk->window(); }
+    const SharedValues& values() { return desk->desktop().app().values(); }
+
+    void open(const QString& opener) {
+        opener.startsWith("mnu") ? host().chooseMenu(opener) : host().click(opener);
+    }
+
+    /// Opens a dialog by a menu item or button of the main window, and goes on when it has closed.
+    void in(const QString& form, const QString& opener, ModalWatcher::Action action) {
+        host().watcher().expect(form, std::move(action));
+        open(opener);
+    }
+
+    /// The text of the message box that this menu item or button opens.
+    std::string boxBy(const QString& opener) {
+        host().watcher().expectMessage();
+        open(opener);
+        const auto texts = host().watcher().takeTexts();
+        return texts.size() == 1 ? texts[0] : "not one box";
+    }
+
+    TempFolder folder;
+
+  private:
+    void leave() {
+        if (desk) {
+            EXPECT_TRUE(desk->watcher().done()) << "an expected window did not open";
+            EXPECT_EQ(desk->watcher().faults(), std::vector<std::string>{});
+            desk.reset();
+        }
+    }
+
+    std::optional<Host> desk;
+};
+
+} // namespace turnpost::desk
