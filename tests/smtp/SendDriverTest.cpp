@@ -4,6 +4,8 @@
 #include "fakes/FakeSocket.h"
 #include "fakes/TempFolder.h"
 
+#include <gtest/gtest.h>
+
 namespace turnpost {
 
 // A driver with its session, a server played by the test, and a game whose folder holds a host file
