@@ -38,7 +38,7 @@ TEST_F(MailDeliveries, EveryRowIsToldMemberByMemberOrNotAtAllAndGetsItsLine) {
     const std::string signOn = "NewSession 0;LogonUI 0;DownLoadMail 0;UserName ;Password ;SignOn;"
                                "SessionID 42;";
     const std::string start = "Compose;MsgIndex -1;MsgSubject Turn 2405;RecipIndex 0;";
-    const std::string red = "Name  Red ;Address  red@x.org ;RecipType 1;";
+    const std::string red = start + "Name  Red ;Address  red@x.org ;RecipType 1;";
     const std::string copy = "RecipIndex 1;Name  Red ;Address  alt@x.org ;RecipType 2;";
     const auto file = [this](const std::string& j, const std::string& name) {
         return "AttachmentIndex " + j + ";AttachmentPosition " + j + ";AttachmentType 0;Path " +
@@ -50,10 +50,10 @@ TEST_F(MailDeliveries, EveryRowIsToldMemberByMemberOrNotAtAllAndGetsItsLine) {
     for (const Row& row : std::vector<Row>{
              {two,
               {1, 1, {temp.path("E0"), "", temp.path("E2")}},
-              start + red + copy + "MsgNoteText Hello\r\n.2\r\n    ;" + file("0", "GAME.M2") +
+              red + copy + "MsgNoteText Hello\r\n.2\r\n    ;" + file("0", "GAME.M2") +
                   file("1", "GAME.XY") + file("2", "E0") + file("3", "E2") + "Send;",
               "Email Generated OK"},
-             {one, none, start + red + "MsgNoteText Hello\r\n.2;Send;", "Email Generated OK"},
+             {one, none, red + "MsgNoteText Hello\r\n.2;Send;", "Email Generated OK"},
              {{1, "", "no@x.org", "", "", true},
               none,
               start + "Name ;Address no@x.org;RecipType 1;MsgNoteText Hello\r\n.2;Send;",

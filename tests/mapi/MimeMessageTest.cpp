@@ -61,7 +61,7 @@ TEST_F(MimeMessages, NamesAndSubjectsOfAnyLanguageAreShortAsciiLinesAndComeBackU
         japanese += "銀河大戦第二十四期";
     }
     for (const std::string& text :
-         Texts{japanese, "Zoë \"Q\", the (last) Ümlaut; <x>", "  two  blanks ",
+         Texts{japanese, "Zoë \"Q\", the (last) Ümlaut; <x>", " blank", "two  blanks",
                "=?utf-8?q?=41?= really=?", std::string(1200, 'x'), "tab\tescape\x1B"}) {
         message.to.front().name = message.subject = text;
         const std::string bytes = mimeBytes(message);

@@ -138,9 +138,9 @@ TEST_F(Sendmail, ARealMailSystemQueuesTextAndFilesByteForByteUnderTheirOwnNames)
     const std::string envelope = "host@example.org\nzoe@example.org\nsecond@example.org\n\n";
     EXPECT_EQ(entry.substr(0, envelope.size()), envelope);
     const ParsedMail parsed(entry.substr(envelope.size()));
-    EXPECT_EQ(parsed["from"] + parsed["to"] + parsed["cc"] + parsed["subject"],
+    EXPECT_EQ(parsed["from"] + parsed["to"] + "Copy: " + parsed["cc"] + parsed["subject"],
               "Hänsel Host\nhost@example.org\nZoë Zimmer\nzoe@example.org\n"
-              "Zoë Zimmer\nsecond@example.org\nTurn 24");
+              "Copy: Zoë Zimmer\nsecond@example.org\nTurn 24");
     EXPECT_EQ(parsed["text"], "Hello Zoë  \nFrom the host:\n.\n\n   ");
     for (size_t i = 0; i < names.size(); ++i) {
         EXPECT_EQ(parsed[std::to_string(i) + ".name"], names[i]);

@@ -37,7 +37,7 @@ TEST_F(MessageTexts, AreExactToTheByteAndOnlyTheEnvelopeIsTrimmed) {
 }
 
 TEST_F(MessageTexts, NoValueCanAddACommandARecipientOrAHeaderOrEndTheMessageEarly) {
-    for (const std::string lineBreak : {"\r\n", "\n", "\r"}) {
+    const auto expectHarmless = [this](const std::string& lineBreak) {
         const std::string hostile = "a" + lineBreak + ".b" + lineBreak + "." + lineBreak;
         settings = {hostile, hostile, "", {}, ""};
         player = {1, hostile, hostile, hostile, "", true};
@@ -48,7 +48,10 @@ TEST_F(MessageTexts, NoValueCanAddACommandARecipientOrAHeaderOrEndTheMessageEarl
                               " <" + line + ">\r\nTo:" + line + " <" + line + ">\r\nCC:" + line +
                               "<" + line + ">\r\nSubject:" + line +
                               "\r\n\r\na\r\n..b\r\n..\r\n\r\n\r\n..xyz\r\nend\r\n\r\n\r\n.\r\n");
-    }
+    };
+    expectHarmless("\r\n");
+    expectHarmless("\n");
+    expectHarmless("\r");
 }
 
 } // namespace turnpost

@@ -17,7 +17,7 @@ constexpr std::array<int, 3> players = {1, 8, 16};
 constexpr std::array<int, 3> pixels = {59, 117, 176};
 // A message of this file does not fit the system's buffers, so that the server can answer when it
 // has some bytes of it.
-constexpr size_t largeFile = 100000;
+constexpr size_t largeFile = 300000;
 constexpr size_t midMessage = 4096;
 
 // What is wrong with a conversation that should have brought player N, at pN@example.org, the host
