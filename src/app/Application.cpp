@@ -7,7 +7,7 @@
 
 namespace turnpost {
 
-Application::Application(Windows& usedWindows, Socket& socket, ProgramFolders programFolders,
+Application::Application(AppWindows& usedWindows, Socket& socket, ProgramFolders programFolders,
                          const MailSystemMaker& makeMail)
     : windows(usedWindows), ownFolders(std::move(programFolders)),
       settingsFile(ownFolders.program, ownFolders.configuration),

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/AppWindows.h"
 #include "app/SharedValues.h"
-#include "app/Windows.h"
 #include "mapi/MailDelivery.h"
 #include "mapi/MailSystem.h"
 #include "platform/Socket.h"
@@ -28,7 +28,7 @@ class Application {
     using MailSystemMaker = std::function<MailSystem(const Settings&)>;
 
     /// `windows` and `socket` must outlive the application.
-    Application(Windows& usedWindows, Socket& socket, ProgramFolders programFolders,
+    Application(AppWindows& usedWindows, Socket& socket, ProgramFolders programFolders,
                 const MailSystemMaker& makeMail = makeMailSystem);
 
     const SharedValues& values() const { return shared; }
@@ -88,7 +88,7 @@ class Application {
     void loadGame(const std::string& path);
     void findLoadedHostFile(GameDetails& game, const std::string& detailsFile);
 
-    Windows& windows;
+    AppWindows& windows;
     ProgramFolders ownFolders;
     SharedValues shared;
     SettingsFile settingsFile;

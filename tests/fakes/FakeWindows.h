@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/Windows.h"
+#include "app/AppWindows.h"
 
 #include <functional>
 #include <string>
@@ -9,7 +9,7 @@
 namespace turnpost {
 
 /// Keeps the order of everything shown; a dialog does what the test tells it to.
-class FakeWindows final : public Windows {
+class FakeWindows final : public AppWindows {
   public:
     std::vector<std::string> shown;
     std::vector<std::string> boxes;

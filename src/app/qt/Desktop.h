@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/AppWindows.h"
 #include "app/Application.h"
-#include "app/Windows.h"
 #include "platform/qt/QtSocket.h"
 #include "roster/qt/frmMain.h"
 
@@ -10,7 +10,7 @@
 namespace turnpost {
 
 /// The whole program on a desktop: the application, its socket and its windows.
-class Desktop final : public Windows {
+class Desktop final : public AppWindows {
   public:
     /// Style, name and end of a program with these windows; once, before the first of them: it ends
     /// with the main window and not with a dialog that closes before that one is shown.

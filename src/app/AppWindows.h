@@ -9,7 +9,7 @@ namespace turnpost {
 
 /// The windows as the commands know them. Every open… call is modal: it returns when the dialog has
 /// closed.
-class Windows : public SendDisplay, public MessageBox {
+class AppWindows : public SendDisplay, public MessageBox {
   public:
     virtual void setCaption(const std::string& caption) = 0;
 
