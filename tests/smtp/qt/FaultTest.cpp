@@ -1,9 +1,9 @@
 #include "FaultTable.h"
-#include "desk/Host.h"
 #include "desk/SampleGame.h"
 #include "desk/UuDecoder.h"
 #include "desk/Waiting.h"
 #include "support/Resources.h"
+#include "support/WindowTest.h"
 
 #include <gtest/gtest.h>
 
@@ -46,16 +46,12 @@ std::string deliveryFault(const ScriptedServer::Conversation& conversation, int 
 
 // Three players, and a server that answers well but for one point of one connection. A send ends
 // with the window that says so, or waits when the next one begins.
-class Faults : public testing::Test {
+class Faults : public WindowTest {
   protected:
     Faults() {
         server.setMidMessage(midMessage);
-        files = host.startGame(server.address(), {{1, 44}, {8, 89}, {16, 135}});
+        files = host().startGame(server.address(), {{1, 44}, {8, 89}, {16, 135}});
         lines.fill("Player Skipped");
-    }
-    ~Faults() override {
-        EXPECT_TRUE(host.watcher().done());
-        EXPECT_EQ(host.watcher().faults(), std::vector<std::string>{});
     }
 
     std::string& line(size_t connection) {
@@ -68,15 +64,15 @@ class Faults : public testing::Test {
         reached = false;
         const size_t length = fault.point == Point::InMessage ? largeFile : 135;
         files[players.at(faulty)] =
-            makeSampleGame(host.folder(), {{players.at(faulty), length}}).at(players.at(faulty));
+            makeSampleGame(host().folder(), {{players.at(faulty), length}}).at(players.at(faulty));
         start = server.conversations().size();
         if (fault.outcome == Outcome::Reported) {
-            host.watcher().expectReport();
+            host().watcher().expectReport();
         } else if (fault.outcome == Outcome::Broken) {
-            host.watcher().expectMessage();
+            host().watcher().expectMessage();
         }
-        host.click("butSend");
-        EXPECT_TRUE(waitUntil([&] { return reached && host.watcher().done(); }));
+        host().click("butSend");
+        EXPECT_TRUE(waitUntil([&] { return reached && host().watcher().done(); }));
         runPendingEvents();
         expectOutcome();
     }
@@ -94,8 +90,7 @@ class Faults : public testing::Test {
             }
         }
         line(faulty) = fault.line;
-        const std::string& shown =
-            host.desktop().app().values().report.at(static_cast<size_t>(players.at(faulty) - 1));
+        const std::string& shown = values().report.at(static_cast<size_t>(players.at(faulty) - 1));
         if (fault.line.ends_with('x')) {
             EXPECT_TRUE(shown.starts_with(fault.line));
             EXPECT_EQ(shown.find_first_not_of('x', fault.line.size()), std::string::npos);
@@ -107,16 +102,16 @@ class Faults : public testing::Test {
             text += "Player " + std::to_string(row + 1) + ": " + lines.at(row) + "\n";
         }
         std::erase(text, '\r');
-        const auto texts = host.watcher().takeTexts();
+        const auto texts = host().watcher().takeTexts();
         if (reported) {
             EXPECT_EQ(texts, std::vector<std::string>{text});
         } else {
-            EXPECT_EQ(host.desktop().app().values().report, lines) << "rows reached, and no other";
+            EXPECT_EQ(values().report, lines) << "rows reached, and no other";
             EXPECT_EQ(texts, std::vector<std::string>(
                                  fault.outcome == Outcome::Broken ? 1 : 0,
                                  "Winsock Error number 10054\nConnection reset by peer"));
         }
-        EXPECT_EQ(findControl<QWidget>(host.window(), "Shape1")->width(),
+        EXPECT_EQ(findControl<QWidget>(window(), "Shape1")->width(),
                   reported ? 176 : pixels.at(faulty));
     }
 
@@ -146,7 +141,6 @@ class Faults : public testing::Test {
         reached = reached || odd;
         return odd ? fault.answer : goodAnswer(point);
     }};
-    Host host;
 };
 
 TEST_F(Faults, EveryRowGetsItsLineTheNextSendWorksAndNothingIsLeftBehind) {

@@ -1,10 +1,10 @@
-#include "desk/Host.h"
 #include "desk/SampleGame.h"
 #include "desk/UuDecoder.h"
 #include "desk/Waiting.h"
 #include "platform/Files.h"
 #include "support/MailServer.h"
 #include "support/Resources.h"
+#include "support/WindowTest.h"
 
 #include <QCheckBox>
 #include <QDir>
@@ -54,77 +54,77 @@ std::string textFor(const std::string& player, const std::string& first, const s
 // A host who sends rounds of a game with all 16 players and five files for each of them, and opens
 // every dialog between them. TURNPOST_SENDS is how often all players are served; TURNPOST_REFUSAL
 // is what a server says that takes no mail from us.
-class FullGame : public testing::Test {
+class FullGame : public WindowTest {
   protected:
     FullGame() {
         std::map<int, size_t> lengths;
         for (int player = 1; player <= players; ++player) {
             lengths[player] = 0;
         }
-        host.startGame(server.address(), lengths);
-        host.type("GameName", "Full Game");
+        host().startGame(server.address(), lengths);
+        host().type("GameName", "Full Game");
         for (int row = 0; row < players; ++row) {
-            host.type(QString("PlayerName(%1)").arg(row),
-                      QString("Captain%1 Of Many").arg(row + 1));
+            host().type(QString("PlayerName(%1)").arg(row),
+                        QString("Captain%1 Of Many").arg(row + 1));
         }
         // Named in the message only: nothing may arrive there.
-        host.type("AltEmail(3)", "p4-alternate@example.org");
+        host().type("AltEmail(3)", "p4-alternate@example.org");
     }
 
     void makeFiles(int round) {
         for (int file = 0; file < filesOfRound; ++file) {
-            std::ofstream(host.folder() + "/" + nameOf(file), std::ios::binary)
+            std::ofstream(host().folder() + "/" + nameOf(file), std::ios::binary)
                 << bytesOf(round, file);
         }
     }
 
     void openEveryDialog() {
         const auto pressing = [this](const QString& button) {
-            return [this, button](QWidget& form) { host.click(button, &form); };
+            return [this, button](QWidget& form) { host().click(button, &form); };
         };
-        host.watcher().expect("frmSettings", pressing("butOK"));
-        host.chooseMenu("mnuEmailSets");
-        host.watcher().expect("frmOpen", pressing("butCancel"));
-        host.click("GameChoose");
-        host.watcher().expect("frmMessage", [this](QWidget& form) { writeMessage(form); });
-        host.chooseMenu("mnuMsg");
-        host.watcher().expect("frmAtch", [this](QWidget& form) { chooseFiles(form); });
-        host.click("butAtch");
-        host.watcher().expectMessage();
-        host.chooseMenu("mnuSave");
-        host.watcher().expect("frmStore", [this](QWidget& form) {
-            host.click("butStore(0)", &form);
-            host.click("mnuOK", &form);
+        host().watcher().expect("frmSettings", pressing("butOK"));
+        host().chooseMenu("mnuEmailSets");
+        host().watcher().expect("frmOpen", pressing("butCancel"));
+        host().click("GameChoose");
+        host().watcher().expect("frmMessage", [this](QWidget& form) { writeMessage(form); });
+        host().chooseMenu("mnuMsg");
+        host().watcher().expect("frmAtch", [this](QWidget& form) { chooseFiles(form); });
+        host().click("butAtch");
+        host().watcher().expectMessage();
+        host().chooseMenu("mnuSave");
+        host().watcher().expect("frmStore", [this](QWidget& form) {
+            host().click("butStore(0)", &form);
+            host().click("mnuOK", &form);
         });
-        host.chooseMenu("mnuStoredCon");
-        host.watcher().expect("frmAbout", pressing("cmdOK"));
-        host.chooseMenu("mnuAbout");
-        expectClosed("Details saved to " + host.folder() + "/GAME.NTP");
+        host().chooseMenu("mnuStoredCon");
+        host().watcher().expect("frmAbout", pressing("cmdOK"));
+        host().chooseMenu("mnuAbout");
+        expectClosed("Details saved to " + host().folder() + "/GAME.NTP");
     }
 
     void writeMessage(QWidget& form) {
-        host.type("txtSubject", "Turn <<GY>> of <<GN>> for player <<PN>>", &form);
+        host().type("txtSubject", "Turn <<GY>> of <<GN>> for player <<PN>>", &form);
         const std::string text = textFor("<<PN>>", "<<FN>>", "<<GN>>", "<<GY>>");
-        host.type("txtMessage", QString::fromStdString(text), &form);
-        host.click("mnuOK", &form);
+        host().type("txtMessage", QString::fromStdString(text), &form);
+        host().click("mnuOK", &form);
     }
 
     void chooseFiles(QWidget& form) {
         if (!findControl<QCheckBox>(form, "chkXY")->isChecked()) {
-            host.click("chkXY", &form);
+            host().click("chkXY", &form);
         }
         for (int extra = 1; extra < filesOfPlayer - 1; ++extra) {
-            host.click(QString("butRemove(%1)").arg(extra - 1), &form);
-            host.expectPicker(QString::fromStdString(nameOf(players + extra)));
-            host.click(QString("butAddAtch(%1)").arg(extra - 1), &form);
+            host().click(QString("butRemove(%1)").arg(extra - 1), &form);
+            host().expectPicker(QString::fromStdString(nameOf(players + extra)));
+            host().click(QString("butAddAtch(%1)").arg(extra - 1), &form);
         }
-        host.click("butOK", &form);
+        host().click("butOK", &form);
     }
 
     void send(int round) {
-        host.watcher().expectReport();
-        host.click("butSend");
-        const ModalWatcher& windows = host.watcher();
+        host().watcher().expectReport();
+        host().click("butSend");
+        const ModalWatcher& windows = host().watcher();
         waitUntil([&] { return windows.done() || !windows.faults().empty(); }, longestRun);
         std::string report;
         for (int player = 1; player <= players; ++player) {
@@ -147,9 +147,9 @@ class FullGame : public testing::Test {
 
     void expectClosed(const std::string& text) {
         runPendingEvents();
-        EXPECT_TRUE(host.watcher().done());
-        EXPECT_EQ(host.watcher().faults(), std::vector<std::string>{});
-        EXPECT_EQ(host.watcher().takeTexts(), std::vector{text});
+        EXPECT_TRUE(host().watcher().done());
+        EXPECT_EQ(host().watcher().faults(), std::vector<std::string>{});
+        EXPECT_EQ(host().watcher().takeTexts(), std::vector{text});
     }
 
     void expectMail(const StoredMail& mail, int round, int player) {
@@ -176,14 +176,14 @@ class FullGame : public testing::Test {
     const DecodedFile& decoded(const std::string& block) {
         const auto [known, isNew] = decodedBlocks.try_emplace(block);
         if (isNew) {
-            const QTemporaryDir folder;
+            const QTemporaryDir place;
             QProcess uudecode;
-            uudecode.setWorkingDirectory(folder.path());
+            uudecode.setWorkingDirectory(place.path());
             uudecode.start("uudecode", {});
             uudecode.write(block.data(), static_cast<qint64>(block.size()));
             uudecode.closeWriteChannel();
             EXPECT_TRUE(uudecode.waitForFinished(longestRun));
-            const QDir results(folder.path());
+            const QDir results(place.path());
             const QString name = results.entryList(QDir::Files).join('/');
             known->second = {name.toStdString(), readFile(results.filePath(name).toStdString())};
             EXPECT_EQ(uudecode.exitCode(), known->second.bytes.size() % 45 == 0 ? 2 : 0);
@@ -196,7 +196,6 @@ class FullGame : public testing::Test {
     // A server's words keep their line end.
     const std::string line = refusal.empty() ? "Email sent OK" : "SMTP Error: " + refusal + "\n";
     MailServer server;
-    Host host;
     std::map<std::string, DecodedFile> decodedBlocks;
 };
 
