@@ -9,7 +9,6 @@
 
 #include <iconv.h>
 #include <optional>
-#include <regex>
 
 using namespace turnpost;
 using fuzz::require;
@@ -93,8 +92,16 @@ void checkSettings(const Settings& settings) {
 // A body in which a line that ends in a double quote is followed by one that begins with a number
 // may be read as a shorter body and a row.
 bool mayHoldRows(const std::string& body) {
-    static const std::regex rows("\" *[\r\n][ \r\n]*[-+0-9]");
-    return std::regex_search(body, rows);
+    for (size_t quote = body.find('"'); quote != std::string::npos;
+         quote = body.find('"', quote + 1)) {
+        const size_t lineEnd = body.find_first_not_of(' ', quote + 1);
+        const size_t next = body.find_first_not_of(" \r\n", quote + 1);
+        if (next != std::string::npos && (body[lineEnd] == '\r' || body[lineEnd] == '\n') &&
+            std::string_view("-+0123456789").find(body[next]) != std::string_view::npos) {
+            return true;
+        }
+    }
+    return false;
 }
 
 void checkGame(const GameDetails& game, const MessageTemplate& message) {
