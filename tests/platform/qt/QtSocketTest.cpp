@@ -23,7 +23,11 @@ extern "C" int getaddrinfo(const char* name, const char* service, const addrinfo
         return system(name, service, hints, found);
     }
     const int error = system("127.0.0.2", service, hints, found);
-    return error != 0 ? error : system("127.0.0.1", service, hints, &(*found)->ai_next);
+    addrinfo** end = found;
+    while (error == 0 && *end != nullptr) {
+        end = &(*end)->ai_next;
+    }
+    return error != 0 ? error : system("127.0.0.1", service, hints, end);
 }
 
 namespace turnpost::desk {
