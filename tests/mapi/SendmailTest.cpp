@@ -44,7 +44,8 @@ TEST_F(Sendmail, TheProgramIsTheFirstExecutableFileOfThatNameThereIsNow) {
     EXPECT_EQ(deliver(), "MAPI Error: new");
     EXPECT_EQ(mail.Send(), "No mail system found") << "without a session";
 
-    const std::string before = std::getenv("PATH");
+    const char* path = std::getenv("PATH");
+    const std::string before = path == nullptr ? "" : path;
     setenv("PATH", "/opt/bin::bin:./x:/home/bin", 1);
     EXPECT_EQ(sendmailFolders(), Texts({"/usr/sbin", "/usr/lib", "/opt/bin", "/home/bin"}));
     setenv("PATH", before.c_str(), 1);
