@@ -34,6 +34,7 @@ QWidget* frontWindow(frmMain* main) {
 
 void Desktop::prepareToolkit() {
     QApplication::setApplicationName(applicationTitle);
+    QApplication::setDesktopFileName("net.nimbusturnpost.Turnpost");
     // The layouts are exact to the pixel; other styles' margins would clip captions.
     QApplication::setStyle("Fusion");
     QApplication::setQuitOnLastWindowClosed(false);
