@@ -8,13 +8,13 @@
 
 namespace turnpost {
 
-// Player 3 of a game whose folder holds GAME.M3 and GAME.XY; extra files EXTRA0 and EXTRA2.
+// Player 3 of a game whose folder holds MY.CUP.M3 and MY.XY; extra files EXTRA0 and EXTRA2.
 class DispatchRules : public testing::Test {
   protected:
     using Names = std::vector<std::string>;
 
     DispatchRules() {
-        for (const char* name : {"GAME.M3", "GAME.XY", "EXTRA0", "EXTRA2"}) {
+        for (const char* name : {"MY.CUP.M3", "MY.XY", "EXTRA0", "EXTRA2"}) {
             temp.write(name, "x");
         }
     }
@@ -46,7 +46,7 @@ class DispatchRules : public testing::Test {
 
     TempFolder temp;
     GameDetails game{"Alpha", withSeparator(temp.path()), "GAME.HST", 2405, {}};
-    PlayerSlot& player = game.rows[2] = {1, "Red Leader", "red@example.org", "", "GAME.M3", true};
+    PlayerSlot& player = game.rows[2] = {1, "Red Leader", "red@example.org", "", "MY.CUP.M3", true};
     MessageTemplate text{" <<GY>> <<PN>>", "<<FN>> of <<GN>>"};
     const std::string sent = "Red of Alpha 2405 3";
     AttachmentChoices attachments{1, 1, {temp.path("EXTRA0"), "", temp.path("EXTRA2")}};
@@ -56,28 +56,28 @@ class DispatchRules : public testing::Test {
 
 TEST_F(DispatchRules, EachCommandHasItsFilesInOrderAndLooksForNoOthers) {
     expectBoth(sent);
-    EXPECT_EQ(attached, Names({temp.path("GAME.M3"), temp.path("GAME.XY"), temp.path("EXTRA0"),
+    EXPECT_EQ(attached, Names({temp.path("MY.CUP.M3"), temp.path("MY.XY"), temp.path("EXTRA0"),
                                temp.path("EXTRA2")}));
-    remove("GAME.XY");
+    remove("MY.XY");
     attachments = {1, 0, {}};
     expectBoth(sent);
-    EXPECT_EQ(attached, Names{temp.path("GAME.M3")});
-    remove("GAME.M3");
+    EXPECT_EQ(attached, Names{temp.path("MY.CUP.M3")});
+    remove("MY.CUP.M3");
     attachments = {2, 255, {}};
     expectBoth(sent);
 }
 
 TEST_F(DispatchRules, OnlyATickOfZeroSkipsWhetherTheRowIsShownOrNot) {
-    player = {2, "Red Leader", "  ", "", "GAME.M3", false};
+    player = {2, "Red Leader", "  ", "", "MY.CUP.M3", false};
     expectBoth(sent);
     player.IncludePlayer = 0;
     expectBoth("Player Skipped");
 }
 
 TEST_F(DispatchRules, SmtpListsEveryMissingFileAndMapiStopsAtTheTurnFileButForExtraFiles) {
-    remove("GAME.XY");
+    remove("MY.XY");
     expectBoth("XY file not found ");
-    remove("GAME.M3");
+    remove("MY.CUP.M3");
     attachments.ExtraAttachments[0] = temp.path();
     remove("EXTRA2");
     const std::string extra = "\r\nFile 0 not found \r\nFile 2 not found ";
@@ -89,7 +89,7 @@ TEST_F(DispatchRules, SmtpListsEveryMissingFileAndMapiStopsAtTheTurnFileButForEx
 }
 
 TEST_F(DispatchRules, AFileThatCannotBeReadRefusesTheRowWithItsOwnFinding) {
-    unreadable = "GAME.XY";
+    unreadable = "MY.XY";
     expectBoth("XY file cannot be read ");
 #ifndef _WIN32
     attachments.ExtraAttachments[1] = "/proc/self/mem";
@@ -117,11 +117,6 @@ TEST_F(DispatchRules, PlaceholdersThatMultiplyFillNoMemoryButAreReported) {
     }
     player.PlayerName = std::string(100000, 'x');
     expectBoth("Message too long");
-}
-
-TEST_F(DispatchRules, UniverseFileNameIsCutAtTheFirstPeriod) {
-    EXPECT_EQ(universeFile("C:\\GAMES\\", "My.Cup.M3"), "C:\\GAMES\\My.XY");
-    EXPECT_EQ(universeFile("C:\\GAMES\\", "GAME"), "C:\\GAMES\\XY");
 }
 
 TEST(SendReports, HaveALineForEveryPlayerAndTheOutcomeAsItStands) {

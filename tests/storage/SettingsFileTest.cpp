@@ -135,17 +135,13 @@ TEST_F(SettingsFiles, InAFolderThatMayOnlyBeReadAreReadThere) {
     const auto pathInReadOnlyFolder = [this] {
         std::filesystem::permissions(program.path(), std::filesystem::perms(0555));
         const Unprivileged person;
-        file = SettingsFile(program.path(), configuration.path());
-        return file.path();
+        return SettingsFile(program.path(), configuration.path()).path();
     };
     EXPECT_EQ(pathInReadOnlyFolder(), configuration.path("TURNPOST.INI"));
     std::filesystem::permissions(program.path(), std::filesystem::perms(0755));
     program.write("turnpost.ini", "\"J\xFCrgen\"" + printSettings(Settings()).substr(2));
     EXPECT_EQ(pathInReadOnlyFolder(), program.path("TURNPOST.INI"));
-    std::filesystem::permissions(program.path(), std::filesystem::perms(0755));
     expectRead(Outcome::Read, {"J\u00FCrgen", "", "", {}, ""});
-    file.write(sample);
-    EXPECT_EQ(program.names(), Names({"turnpost.ini"}));
 }
 #endif
 
