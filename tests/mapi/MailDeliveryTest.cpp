@@ -44,7 +44,7 @@ TEST_F(MailDeliveries, EveryRowIsSentWithAllOfItAndNothingOfAnotherOrNotAtAllAnd
     calls.clear();
     attachments = {0, 0, {}};
     deliver(mail, mail);
-    EXPECT_EQ(calls.at(7), "Turn 2405|Hello\r\n.2") << "without files";
+    EXPECT_EQ(calls.at(7) + calls.at(8), "Turn 2405|Hello\r\n.2 Red  1") << "without files";
 }
 
 TEST_F(MailDeliveries, WithoutASessionTheReportShowsTheOldLinesAndWithoutAGameNothingHappens) {
