@@ -54,15 +54,11 @@ class AppFixture : public testing::Test {
     FakeWindows windows;
     FakeSocket socket;
     Texts mailCalls;
-    /// What happens while the mail system takes a message.
-    std::function<void()> whileMailing = [] {};
+    FakeMail* mailMessages = nullptr;
     Application application{
         windows, socket, {program.path(), host.path()}, [this](const Settings&) {
             auto messages = std::make_unique<FakeMail>(mailCalls);
-            messages->inSend = [this] {
-                whileMailing();
-                return std::nullopt;
-            };
+            mailMessages = messages.get();
             return MailSystem{std::make_unique<FakeMail>(mailCalls), std::move(messages)};
         }};
     const SharedValues& values = application.values();

@@ -21,11 +21,9 @@ TEST_F(Commands, AFirstRunAsksForTheSettingsBeforeTheWindowIsShown) {
 TEST_F(Commands, ASlotNamesTheFileAfterTheHostFileAlsoWhereSaveDoesNot) {
     game.rows[1].GameFile = "OLD.M2";
     application.saveGame();
-    windows.inStoredGames = [this] {
-        EXPECT_EQ(application.currentGameToStore(), (StoredGame{"Cup", folder + "GAME.NTP"}));
-    };
     application.configureStoredGames();
     EXPECT_EQ(windows.shown, Texts({"box", "stored games", "values"}));
+    EXPECT_EQ(application.currentGameToStore(), (StoredGame{"Cup", folder + "GAME.NTP"}));
 }
 
 TEST_F(Commands, TheMailSystemTakesOverOnlyFromAServerThatIsGoneOrSilentForAMinute) {
@@ -52,11 +50,13 @@ TEST_F(Commands, TheMailSystemTakesOverOnlyFromAServerThatIsGoneOrSilentForAMinu
 }
 
 TEST_F(Commands, WhileAMailClientRunsAMessageLoopOfItsOwnNeitherButtonStartsASecondSend) {
-    whileMailing = [this] {
-        application.butSend_Click();
-        application.sendByMailSystem();
-        game.rows[3].PlayerEmail = "late@example.org";
-        whileMailing = [] {};
+    mailMessages->inSend = [this] {
+        if (game.rows[3].PlayerEmail != "late@example.org") {
+            application.butSend_Click();
+            application.sendByMailSystem();
+            game.rows[3].PlayerEmail = "late@example.org";
+        }
+        return std::nullopt;
     };
     game.rows[0].PlayerEmail = "one@example.org";
     for (const std::string address : {"four@example.org", "late@example.org"}) {

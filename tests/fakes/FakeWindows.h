@@ -15,7 +15,6 @@ class FakeWindows final : public AppWindows {
     std::vector<std::string> boxes;
     std::function<void()> inEmailSettings = [] {};
     std::function<void()> inFilePicker = [] {};
-    std::function<void()> inStoredGames = [] {};
 
     void setCaption(const std::string& caption) override { shown.push_back(caption); }
     void showValues() override { shown.emplace_back("values"); }
@@ -24,7 +23,7 @@ class FakeWindows final : public AppWindows {
     void openMessageEditor() override { shown.emplace_back("message editor"); }
     void openFilePicker() override { open("file picker", inFilePicker); }
     void openAttachments() override { shown.emplace_back("attachments"); }
-    void openStoredGames() override { open("stored games", inStoredGames); }
+    void openStoredGames() override { shown.emplace_back("stored games"); }
     void openAbout() override { shown.emplace_back("about"); }
     void setProgress(double fraction) override {
         shown.push_back("progress " + std::to_string(fraction));

