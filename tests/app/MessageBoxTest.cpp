@@ -2,7 +2,7 @@
 
 namespace turnpost {
 
-/// How each message box is brought about.
+/// How each message box is brought about, but for those of sending.
 class MessageBoxes : public AppFixture {
   protected:
     using Command = std::function<void(Application&)>;
@@ -20,7 +20,6 @@ class MessageBoxes : public AppFixture {
     const Command start = &Application::startUp;
     const Command save = &Application::saveGame;
     const Command configure = &Application::configureStoredGames;
-    const Command send = &Application::butSend_Click;
     const std::string ini = program.path("TURNPOST.INI");
     const std::string advice =
         "\r\nPlease take the double quotes out of names and addresses, and characters that this "
@@ -52,7 +51,6 @@ TEST_F(MessageBoxes, OfSavingSayWhereOrWhyNot) {
     game.GamePath = "";
     expectBoxes(save, {"No game details entered"});
     expectBoxes(configure, {"Please find a game"});
-    expectBoxes(send, {"Invalid game path"});
     game.GameName = "";
     expectBoxes(configure, {"Please enter a game name"});
 }
@@ -60,7 +58,6 @@ TEST_F(MessageBoxes, OfSavingSayWhereOrWhyNot) {
 TEST_F(MessageBoxes, OfOpeningSayWhyNotAndTheGameStaysAsItWas) {
     host.write("BAD.NTP", "\"a\"\r\n\"b\"\r\n\"c");
     host.write("LARGE.NTP", std::string((1U << 20U) + 1, '\n'));
-    host.write("SHORT.HST", std::string(13, '\1'));
     host.write("FAR.HST", std::string(12, 'x') + "\xA0\x76");
     const std::string damaged = "The game details file is damaged: " + folder;
     const std::string unusable = "Cannot use the host file " + folder;
@@ -72,8 +69,6 @@ TEST_F(MessageBoxes, OfOpeningSayWhyNotAndTheGameStaysAsItWas) {
     expectNot("NONE.NTP", "Gamefile not found");
     expectNot("BAD.NTP", damaged + "BAD.NTP\r\nIt holds 2 values that can be read, not 101");
     expectNot("LARGE.NTP", damaged + "LARGE.NTP\r\nIt is larger than 1 MiB");
-    expectNot("SHORT.HST",
-              unusable + "SHORT.HST\r\nIt is shorter than 14 bytes and holds no game year");
     expectNot("FAR.HST", unusable + "FAR.HST\r\nIts game year is above 32767");
     expectNot("NONE.HST", unusable + "NONE.HST\r\nNo such file or directory");
     application.storeStoredGames({{{" - Empty - ", folder + "BAD.NTP"}, {"No file", ""}, {}, {}}});
@@ -104,18 +99,6 @@ TEST_F(MessageBoxes, OfTheSettingsSayWhatIsWrongWithTheirFileAndTheProgramRunsOn
     EXPECT_EQ(windows.shown.back(), "main window");
     expectBoxes(store("Host"), {"Cannot write " + ini + "\r\nIt is a folder, not a file"});
     EXPECT_EQ(values.settings.HostName, "Host") << "the values stay for the run";
-}
-
-TEST_F(MessageBoxes, OfSendingSayWhyNot) {
-    application.storeEmailSettings("", "", "  ");
-    expectBoxes(send, {"No SMTP server address entered"});
-    application.storeEmailSettings("", "", "mail:");
-    expectBoxes(send, {"Invalid SMTP server address"});
-    application.storeEmailSettings("", "", "mail");
-    game.rows[3].PlayerEmail = "four@example.org";
-    application.butSend_Click();
-    expectBoxes([this](Application&) { socket.fail(10061, "refused"); },
-                {"Winsock Error number 10061\r\nrefused"});
 }
 
 } // namespace turnpost
