@@ -3,10 +3,7 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QCheckBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QTest>
 
 namespace turnpost::desk {
@@ -22,12 +19,11 @@ const char* const attachments = "frmAtch butAtch";
 std::string shownBy(const QWidget& form) {
     QStringList values;
     for (const QWidget* control : form.findChildren<QWidget*>()) {
-        if (const auto* line = qobject_cast<const QLineEdit*>(control)) {
-            values += line->text();
-        } else if (const auto* area = qobject_cast<const QPlainTextEdit*>(control)) {
-            values += area->toPlainText();
-        } else if (const auto* box = qobject_cast<const QCheckBox*>(control)) {
-            values += box->isChecked() ? "x" : "o";
+        if (control->inherits("QCheckBox")) {
+            values += control->property("checked").toBool() ? "x" : "o";
+        } else if (control->property("readOnly").isValid()) { // Only boxes have it.
+            values +=
+                control->property("text").toString() + control->property("plainText").toString();
         }
     }
     return values.join('|').toStdString();
