@@ -29,6 +29,7 @@ class DesktopProgram : public WindowTest {
 TEST_F(DesktopProgram, GoesOnAfterTheFirstSettingsAndShrinksInItsPlaceToEnd) {
     host().watcher().expect("frmSettings", [this](QWidget& form) {
         EXPECT_FALSE(window().isVisible());
+        host().type("txtHostName", "Host", &form);
         host().click("butOK", &form);
     });
     expectToEnd([this] {
@@ -36,6 +37,7 @@ TEST_F(DesktopProgram, GoesOnAfterTheFirstSettingsAndShrinksInItsPlaceToEnd) {
         // Behind whatever the dialog's end has set off.
         QTimer::singleShot(0, [this] { open("mnuExit"); });
     });
+    EXPECT_TRUE(folder.read("TURNPOST.INI").starts_with("\"Host\"\r\n\"\"\r\n"));
 }
 
 TEST_F(DesktopProgram, ClosingTheWindowEndsASend) {
