@@ -4,6 +4,8 @@
 #include "fakes/FakeMail.h"
 #include "support/WindowTest.h"
 
+#include <QAction>
+#include <QFrame>
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
@@ -34,6 +36,8 @@ TEST_F(DesktopProgram, GoesOnAfterTheFirstSettingsAndShrinksInItsPlaceToEnd) {
     });
     expectToEnd([this] {
         host().desktop().startUp();
+        EXPECT_EQ(findControl<QAction>(window(), "mnuStoredG(1)")->text(), " - Empty - ");
+        EXPECT_EQ(findControl<QFrame>(window(), "Shape1")->width(), 0);
         // Behind whatever the dialog's end has set off.
         QTimer::singleShot(0, [this] { open("mnuExit"); });
     });
