@@ -48,12 +48,11 @@ class TcpSockets : public testing::Test, public SocketEvents {
         log.push_back(std::to_string(number) + " " + description);
     }
 
-    static std::string failure(int number, const std::string& words) {
+    static std::string failure(int number, std::string words) {
 #ifdef _WIN32
-        return std::to_string(number) + " " + socketErrorText(number);
-#else
-        return std::to_string(number) + " " + words;
+        words = socketErrorText(number);
 #endif
+        return std::to_string(number) + " " + words;
     }
     bool logged(size_t count) {
         return waitUntil([&] { return log.size() >= count; });
