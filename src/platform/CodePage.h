@@ -42,6 +42,9 @@ std::string fromWireBytes(std::string_view bytes);
 #ifdef _WIN32
 /// UTF-16 for the system's calls; bytes that are no UTF-8 become U+FFFD.
 std::wstring toUtf16(std::string_view text);
+
+/// The system's UTF-16 as UTF-8.
+std::string fromUtf16(const std::wstring& wide);
 #endif
 
 } // namespace turnpost

@@ -50,4 +50,8 @@ std::wstring toUtf16(std::string_view text) {
     return toWide(CP_UTF8, text);
 }
 
+std::string fromUtf16(const std::wstring& wide) {
+    return toBytes(CP_UTF8, wide);
+}
+
 } // namespace turnpost
