@@ -1,4 +1,5 @@
 #include "Property.h"
+#include "compose/MUUEncode.h"
 #include "fakes/FakeDisplay.h"
 #include "fakes/FakeSocket.h"
 #include "fakes/TempFolder.h"
@@ -10,34 +11,36 @@ using fuzz::require;
 
 namespace {
 
-// Every third row gets a message without files.
+// Of every three rows the first gets a message with a file, the second has no address, and the
+// third is skipped.
 struct Game {
     TempFolder folder;
     GameDetails details;
     MessageTemplate message{"Turn <<PN>>", "Hello\r\n.\r\nPlayer <<PN>>"};
-    AttachmentChoices attachments{0, 0, {}};
-    Settings settings{"Host", "host@example.org", "mail", {}, ""};
+    AttachmentChoices attachments{0, 0, {folder.path("EXTRA")}};
+    Settings settings{"Host", " host@example.org ", "mail", {}, ""};
 
     Game() {
         folder.write("GAME.HST", "host");
+        folder.write("EXTRA", "bytes");
         details.GamePath = withSeparator(folder.path());
-        for (size_t i = 0; i < rowCount; i += 3) {
-            const std::string number = std::to_string(i + 1);
-            details.rows.at(i) = {1, "P" + number, "p" + number + "@example.org", "", "", true};
+        for (size_t i = 0; i < rowCount; ++i) {
+            const std::string name = "P" + std::to_string(i + 1);
+            details.rows.at(i) = {i % 3 < 2, name, i % 3 == 0 ? " p@" + name : "", "alt", "", true};
         }
     }
 
     /// What a row's connection is told, part by part.
     static std::vector<std::string> parts(size_t row) {
         const std::string number = std::to_string(row + 1);
-        const std::string address = "p" + number + "@example.org";
+        const std::string name = "P" + number;
         return {"HELO host\r\n",
                 "MAIL FROM:host@example.org\r\n",
-                "RCPT TO:" + address + "\r\n",
+                "RCPT TO:p@" + name + "\r\n",
                 "DATA\r\n",
-                "From:Host <host@example.org>\r\nTo:P" + number + " <" + address +
-                    ">\r\nSubject:Turn " + number + "\r\n\r\nHello\r\n..\r\nPlayer " + number +
-                    "\r\n\r\n\r\n.\r\n",
+                "From:Host < host@example.org >\r\nTo:" + name + " < p@" + name + ">\r\nCC:" +
+                    name + "<alt>\r\nSubject:Turn " + number + "\r\n\r\nHello\r\n..\r\nPlayer " +
+                    number + "\r\n\r\n" + uuencodedBlock("EXTRA", "bytes") + "\r\n\r\n.\r\n",
                 "QUIT\r\n"};
     }
 };
@@ -59,16 +62,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
                       screen, screen);
     driver.butSend_Click();
     size_t row = 0;
-    std::string told;
     size_t step = 0;
-    bool broken = false;
+    std::string told;
+    std::vector<std::string> boxes;
     for (const std::string& reply : fuzz::textsOf(data, size, 64)) {
         if (!line.isOpen()) {
             break;
         }
         if (reply == "!") {
             line.fail(10054, "reset");
-            broken = true;
+            boxes = {"Winsock Error number 10054\r\nreset"};
             break;
         }
         line.arrive(reply);
@@ -89,14 +92,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
             told.clear();
         }
     }
-    const auto boxes = broken ? std::vector<std::string>{"Winsock Error number 10054\r\nreset"}
-                              : std::vector<std::string>();
     require(screen.boxes == boxes, "a box for a broken connection and nothing else");
     require(screen.reports == (row >= rowCount ? 1 : 0), "one report, at the end");
-    require(line.isOpen() == (!broken && row < rowCount), "connected while a row is under way");
-    for (const double fraction : screen.progress) {
-        require(fraction >= 0 && fraction <= 1, "the bar keeps to its track");
+    require(line.isOpen() == (boxes.empty() && row < rowCount), "connected while a row is on");
+    std::vector<double> positions;
+    for (size_t reached = 1; reached <= std::min<size_t>(row / 3 * 2 + 1, 11); ++reached) {
+        positions.push_back(static_cast<double>(reached) / 11);
     }
+    if (row >= rowCount) {
+        positions.push_back(1);
+    }
+    require(screen.progress == positions, "the bar shows the part of the ticked rows reached");
     for (size_t i = row; i < rowCount; i += 3) {
         require(report.at(i).empty(), "no outcome for rows not yet served");
     }

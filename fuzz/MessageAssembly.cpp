@@ -12,49 +12,30 @@ using fuzz::require;
 
 namespace {
 
-bool isOneLine(const std::string& text) {
-    return text.ends_with("\r\n") && text.find_first_of("\r\n") == text.size() - 2;
+bool isCommand(const std::string& line, const char* verb) {
+    return line.starts_with(verb) && line.ends_with("\r\n") &&
+           line.find_first_of("\r\n") == line.size() - 2;
 }
 
-// The lines of a server that takes the message byte by byte (RFC 5321, 4.1.1.4 and 4.5.2): all up
-// to the line of one period, leading periods undoubled. Nothing may follow that line.
-std::vector<std::string> received(const std::string& wire) {
-    std::vector<std::string> lines;
-    for (size_t from = 0; from < wire.size();) {
-        const size_t end = wire.find("\r\n", from);
-        require(end != std::string::npos, "every line ends in CR LF");
-        std::string line = wire.substr(from, end - from);
-        from = end + 2;
-        require(line.find_first_of("\r\n") == std::string::npos, "no CR or LF stands alone");
-        if (line == ".") {
-            require(from == wire.size(), "no value ends the message early");
-            return lines;
-        }
-        lines.push_back(line.starts_with(".") ? line.substr(1) : line);
+// What a server reads that takes the message byte by byte (RFC 5321, 4.1.1.4 and 4.5.2).
+std::string received(const std::string& wire) {
+    require(wire.ends_with("\r\n.\r\n"), "a line of one period ends the message");
+    const size_t end = wire.size() - 3;
+    for (size_t i = 1; i < wire.size(); ++i) {
+        require((wire[i - 1] == '\r') == (wire[i] == '\n'), "no CR or LF stands alone");
+        require(i == end || wire[i] != '.' || wire[i - 1] != '\n' || wire[i + 1] == '.',
+                "a period that starts a line is doubled, so no value ends the message early");
     }
-    require(false, "the message ends");
-    return lines;
+    return desk::withoutDoubledPeriods(wire.substr(0, end));
 }
 
-std::string joined(const std::vector<std::string>& lines, size_t from) {
-    std::string text;
-    for (size_t i = from; i < lines.size(); ++i) {
-        text += lines[i] + "\r\n";
+// The names of the header's lines, each with its colon.
+std::string namesOf(const std::string& header) {
+    std::string names;
+    for (size_t line = 0; line < header.size(); line = header.find('\n', line) + 1) {
+        names += header.substr(line, header.find(':', line) + 1 - line);
     }
-    return text;
-}
-
-size_t checkHeader(const std::vector<std::string>& lines, bool withCopy) {
-    std::vector<std::string> fields = {"From:", "To:", "Subject:"};
-    if (withCopy) {
-        fields.insert(fields.begin() + 2, "CC:");
-    }
-    require(lines.size() > fields.size(), "the header is whole");
-    for (size_t i = 0; i < fields.size(); ++i) {
-        require(lines[i].starts_with(fields[i]), "the header's lines are the four fields in order");
-    }
-    require(lines[fields.size()].empty(), "an empty line ends the header");
-    return fields.size() + 1;
+    return names;
 }
 
 } // namespace
@@ -71,20 +52,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     const std::string block = uuencodedBlock(fileName, fileBytes) + "\r\n";
     state.AttachmentText = block;
 
-    require(isOneLine(heloLine(settings)) && heloLine(settings).starts_with("HELO "), "one HELO");
-    require(isOneLine(mailLine(settings)) && mailLine(settings).starts_with("MAIL FROM:"),
-            "one MAIL FROM");
-    require(isOneLine(recipientLine(player)) && recipientLine(player).starts_with("RCPT TO:"),
-            "one RCPT TO");
-
+    require(isCommand(heloLine(settings), "HELO ") && isCommand(mailLine(settings), "MAIL FROM:") &&
+                isCommand(recipientLine(player), "RCPT TO:"),
+            "each command is one line");
     std::string wire;
     for (const std::string& sent : messageText(settings, player, state)) {
         wire += sent;
     }
-    const auto lines = received(wire);
-    const size_t bodyStart = checkHeader(lines, !player.AltEmail.empty());
+    const std::string text = received(wire);
+    const size_t bodyStart = text.find("\r\n\r\n") + 4;
+    require(bodyStart > 4 &&
+                namesOf(text.substr(0, bodyStart - 2)) ==
+                    (player.AltEmail.empty() ? "From:To:Subject:" : "From:To:CC:Subject:"),
+            "the header's lines are the fields in order");
     const std::string body = toWireBytes(withCrLf(state.PlayerBody)) + "\r\n\r\n";
-    require(joined(lines, bodyStart) == body + toWireBytes(block) + "\r\n",
+    require(text.substr(bodyStart) == body + toWireBytes(block) + "\r\n",
             "body and blocks arrive as they were");
     const auto files = desk::decodeUuBlocks(block);
     require(files && files->size() == 1 && files->at(0).name == oneLine(fileName) &&

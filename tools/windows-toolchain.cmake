@@ -11,8 +11,10 @@ set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
 set(CMAKE_SHARED_LINKER_FLAGS_INIT -static)
 set(CMAKE_MODULE_LINKER_FLAGS_INIT -static)
 
-# This system's own libraries and headers are of no use there.
-set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+# This system's own libraries and headers are of no use there. TURNPOST_TOOLKIT is the folder of the
+# static Qt, for what has windows.
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES TURNPOST_TOOLKIT)
+set(CMAKE_FIND_ROOT_PATH ${TURNPOST_TOOLKIT} /usr/x86_64-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

@@ -1,5 +1,7 @@
 #include "compose/ExpandTemplate.h"
 
+#include "platform/Version.h"
+
 #include <stdexcept>
 
 namespace turnpost {
@@ -35,7 +37,7 @@ std::string ExpandTemplate(std::string_view text, std::string_view gameName, int
     return replaceAll(result, "<<GY>>", std::to_string(gameYear));
 }
 
-MessageTemplate defaultTemplate(const Version& version) {
+MessageTemplate defaultTemplate() {
     return {"Turn <<GY>> for <<GN>> - Player <<PN>>",
             "Hello <<FN>>,\r\n"
             "\r\n"
@@ -45,7 +47,7 @@ MessageTemplate defaultTemplate(const Version& version) {
             "\r\n"
             "\r\n"
             "This message has been sent to you using Nimbus Turnpost Version " +
-                versionText(version)};
+                versionText()};
 }
 
 } // namespace turnpost

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "compose/MessageTemplate.h"
-#include "platform/Version.h"
 
 #include <cstdint>
 #include <string>
@@ -24,6 +23,6 @@ std::string FirstName(std::string_view playerName);
 
 /// The template that the message editor's "Default" button fills in; the version is plain text in
 /// it.
-MessageTemplate defaultTemplate(const Version& version = currentVersion);
+MessageTemplate defaultTemplate();
 
 } // namespace turnpost

@@ -51,7 +51,7 @@ std::string fromSystemBytes(std::string_view bytes);
 std::wstring toUtf16(std::string_view text);
 
 /// The inverse; half a surrogate pair becomes U+FFFD.
-std::string toUtf8(std::wstring_view text);
+std::string fromUtf16(std::wstring_view text);
 #endif
 
 } // namespace turnpost

@@ -37,7 +37,7 @@ std::string toBytes(UINT codePage, std::wstring_view wide) {
 
 std::string fromSystemBytes(std::string_view bytes) {
     // With UTF-8 as the system's code page, these are of a time or a system with another one.
-    return GetACP() == CP_UTF8 ? fromWindows1252(bytes) : toUtf8(toWide(GetACP(), bytes));
+    return GetACP() == CP_UTF8 ? fromWindows1252(bytes) : fromUtf16(toWide(GetACP(), bytes));
 }
 
 std::string toFileBytes(std::string_view text) {
@@ -52,7 +52,7 @@ std::wstring toUtf16(std::string_view text) {
     return toWide(CP_UTF8, text);
 }
 
-std::string toUtf8(std::wstring_view text) {
+std::string fromUtf16(std::wstring_view text) {
     return toBytes(CP_UTF8, text);
 }
 

@@ -39,7 +39,7 @@ std::string systemReason(std::error_code code) {
                                             FORMAT_MESSAGE_MAX_WIDTH_MASK,
                                         nullptr, static_cast<DWORD>(code.value()), 0, words,
                                         static_cast<DWORD>(std::size(words)), nullptr);
-    std::string reason = toUtf8({words, length});
+    std::string reason = fromUtf16({words, length});
     reason.erase(reason.find_last_not_of(" \r\n") + 1);
     return reason.empty() ? messages::unknownSystemError(code.value()) : reason;
 }
@@ -57,9 +57,9 @@ std::filesystem::path toNativePath(const std::string& path) {
 std::string fromNativePath(const std::filesystem::path& path) {
     const std::wstring& wide = path.native();
     if (wide.starts_with(serverWithoutLimit)) {
-        return toUtf8(L"\\\\" + wide.substr(serverWithoutLimit.size()));
+        return fromUtf16(L"\\\\" + wide.substr(serverWithoutLimit.size()));
     }
-    return toUtf8(wide.starts_with(withoutLimit) ? wide.substr(withoutLimit.size()) : wide);
+    return fromUtf16(wide.starts_with(withoutLimit) ? wide.substr(withoutLimit.size()) : wide);
 }
 
 std::filesystem::path pathParts(const std::string& path) {

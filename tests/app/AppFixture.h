@@ -10,7 +10,7 @@
 
 namespace turnpost {
 
-/// A program in a folder of its own, with a person played by the test. The host's folder holds a
+/// A program in a folder of its own, with a person played by the test, who has found and named a
 /// game of the players 1 and 4 in 2405.
 class AppFixture : public testing::Test {
   protected:
@@ -20,55 +20,45 @@ class AppFixture : public testing::Test {
         writeHostFile('\x05');
         host.write("GAME.M1", "one");
         host.write("GAME.M4", "four");
+        start({"Host", "host@example.org", "mail:2525", {}, ""});
+        willPick(host, "GAME.HST");
+        application.findGame();
+        game.GameName = "Cup";
+        windows.shown.clear();
     }
 
     void writeHostFile(char year) const {
-        host.write("GAME.HST", std::string(12, 'x') + year + std::string(7, '\0'));
+        host.write("GAME.HST", std::string(12, 'x') + year + '\0');
     }
 
-    void start(const Settings& settings = {}) {
+    void start(const Settings& settings) {
         program.write("TURNPOST.INI", printSettings(settings));
         application.startUp();
     }
 
     /// The person picks this file the next time the picker opens.
-    void willPick(const std::string& place, const std::string& file) {
-        windows.inFilePicker = [this, place, file] { application.pickFile(place, file, false); };
-    }
-
-    void find(const std::string& hostFile) {
-        willPick(host.path(), hostFile);
-        application.findGame();
+    void willPick(const TempFolder& place, const std::string& file) {
+        windows.inFilePicker = [this, path = place.path(), file] {
+            application.pickFile(path, file, false);
+        };
     }
 
     void open(const TempFolder& place, const std::string& file) {
-        willPick(place.path(), file);
+        willPick(place, file);
         application.openGame();
     }
 
-    void startWithGame() {
-        start({"Host", "host@example.org", "mail:2525", {}, ""});
-        find("GAME.HST");
-        game.GameName = "Cup";
-        windows.shown.clear();
-    }
-
     TempFolder program;
-    TempFolder configuration;
     TempFolder host;
     const std::string folder = withSeparator(host.path());
     FakeWindows windows;
     FakeSocket socket;
     Texts mailCalls;
-    /// What happens while the mail system takes a message.
-    std::function<void()> whileMailing = [] {};
+    FakeMail* mailMessages = nullptr;
     Application application{
-        windows, socket, {program.path(), configuration.path()}, [this](const Settings&) {
+        windows, socket, {program.path(), host.path()}, [this](const Settings&) {
             auto messages = std::make_unique<FakeMail>(mailCalls);
-            messages->inSend = [this] {
-                whileMailing();
-                return std::nullopt;
-            };
+            mailMessages = messages.get();
             return MailSystem{std::make_unique<FakeMail>(mailCalls), std::move(messages)};
         }};
     const SharedValues& values = application.values();

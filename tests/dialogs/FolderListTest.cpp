@@ -1,5 +1,4 @@
 #include "dialogs/FolderList.h"
-#include "dialogs/FilePicker.h"
 
 #include "fakes/TempFolder.h"
 
@@ -17,18 +16,16 @@ TEST(FolderList, ShowsTheWayFromTheRootThenSubfoldersAndMatchingFilesWithoutRega
     for (const char* name : {"b.ntp", "A.NTP", ".NTP", "ntp", "A.NTP.old", "c.Ntp"}) {
         temp.write(std::string("Game/") + name, "");
     }
-    const auto list = listFolder(temp.path("Game/.//"), "*.NTP");
-    ASSERT_TRUE(list);
-    EXPECT_EQ(list->folder(), temp.path("Game"));
+    const FolderList list = listFolder(temp.path("Game/.//"), "*.NTP").value();
+    EXPECT_EQ(list.folder(), temp.path("Game"));
+    EXPECT_EQ(list.lines.front().path, fromNativePath(toNativePath(temp.path()).root_path()));
     Names names;
-    for (const FolderLine& line : list->lines) {
-        names.push_back(line.name);
-        EXPECT_TRUE(listFolder(line.path, "*.*")) << line.path;
+    for (size_t line = list.current; line < list.lines.size(); ++line) {
+        names.push_back(list.lines[line].name);
+        EXPECT_TRUE(listFolder(list.lines[line].path, "*.*")) << names.back();
     }
-    const auto way = names.begin() + static_cast<std::ptrdiff_t>(list->current);
-    EXPECT_EQ(names.front(), fromNativePath(toNativePath(temp.path()).root_path()));
-    EXPECT_EQ(Names(way, names.end()), Names({"Game", "A", "b", "C", ".wine"}));
-    EXPECT_EQ(list->files, Names({"A.NTP", "b.ntp", "c.Ntp", ".NTP"}));
+    EXPECT_EQ(names, Names({"Game", "A", "b", "C", ".wine"}));
+    EXPECT_EQ(list.files, Names({"A.NTP", "b.ntp", "c.Ntp", ".NTP"}));
     EXPECT_EQ(listFolder(temp.path("Game"), "*.*")->files.size(), 6U);
 }
 
@@ -49,17 +46,6 @@ TEST(FolderList, AFolderThatCannotBeListedGivesTheNearestAboveItAndStrangeNamesS
     EXPECT_EQ(list->files, Names({"file"}));
     EXPECT_TRUE(listFolder(list->lines.back().path, "*.*"));
 #endif
-}
-
-TEST(FilePicker, OpensInTheGamesFolderIfThereIsOneAndOffersNoDefaultButGameDetails) {
-    const TempFolder temp;
-    temp.makeFolder("Game");
-    EXPECT_EQ(pickerStartFolder(temp.path("Game"), "/program"), temp.path("Game"));
-    EXPECT_EQ(pickerStartFolder(temp.path("gone"), "/program"), "/program");
-    EXPECT_EQ(pickerStartFolder("", "/program"), "/program");
-    for (const std::string pattern : {"*.NTP", "*.HST", "*.*"}) {
-        EXPECT_EQ(offersDefaultGame({"", pattern, 0, "", ""}), pattern == "*.NTP");
-    }
 }
 
 } // namespace turnpost

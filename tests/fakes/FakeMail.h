@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mapi/MailMessages.h"
+#include "mapi/ComposedMessage.h"
 #include "mapi/MailSession.h"
 
 #include <functional>
@@ -8,40 +8,37 @@
 
 namespace turnpost {
 
-/// Both objects of a mail system in one. Writes down what it is told, member by member.
-class FakeMail final : public MailSession, public MailMessages {
+/// Both objects of a mail system in one. Writes down what the session is told, member by member,
+/// and each message as it is when it is sent.
+class FakeMail final : public MailSession, public ComposedMessage {
   public:
     using Record = std::vector<std::string>;
 
     explicit FakeMail(Record& record) : calls(record) {}
 
-    long sessionId = 42;
+    long openSession = 42;
     std::function<std::optional<std::string>()> inSend = [] { return std::nullopt; };
 
-    void NewSession(bool wanted) override { note("NewSession", int{wanted}); }
-    void LogonUI(bool wanted) override { note("LogonUI", int{wanted}); }
-    void DownLoadMail(bool wanted) override { note("DownLoadMail", int{wanted}); }
+    void NewSession(bool wanted) override { note("NewSession", wanted); }
+    void LogonUI(bool wanted) override { note("LogonUI", wanted); }
+    void DownLoadMail(bool wanted) override { note("DownLoadMail", wanted); }
     void UserName(const std::string& name) override { calls.push_back("UserName " + name); }
     void Password(const std::string& word) override { calls.push_back("Password " + word); }
     void SignOn() override { calls.emplace_back("SignOn"); }
-    long SessionID() const override { return sessionId; }
+    using ComposedMessage::SessionID;
+    long SessionID() const override { return openSession; }
     void SignOff() override { calls.emplace_back("SignOff"); }
 
-    void SessionID(long id) override { note("SessionID", id); }
-    void Compose() override { calls.emplace_back("Compose"); }
-    void MsgIndex(int index) override { note("MsgIndex", index); }
-    void MsgSubject(const std::string& text) override { calls.push_back("MsgSubject " + text); }
-    void MsgNoteText(const std::string& text) override { calls.push_back("MsgNoteText " + text); }
-    void RecipIndex(int index) override { note("RecipIndex", index); }
-    void RecipDisplayName(const std::string& name) override { calls.push_back("Name " + name); }
-    void RecipAddress(const std::string& text) override { calls.push_back("Address " + text); }
-    void RecipType(int type) override { note("RecipType", type); }
-    void AttachmentIndex(int index) override { note("AttachmentIndex", index); }
-    void AttachmentPosition(int place) override { note("AttachmentPosition", place); }
-    void AttachmentType(int type) override { note("AttachmentType", type); }
-    void AttachmentPathName(const std::string& path) override { calls.push_back("Path " + path); }
     std::optional<std::string> Send() override {
-        calls.emplace_back("Send");
+        note("Send", sessionId);
+        calls.push_back(subject + "|" + noteText);
+        for (const MailAttachment& file : attachments) {
+            note(file.AttachmentPathName, file.AttachmentPosition);
+        }
+        for (const MailRecipient& to : recipients) {
+            note(to.RecipDisplayName, to.RecipType);
+            calls.push_back("Address " + to.RecipAddress);
+        }
         return inSend();
     }
 

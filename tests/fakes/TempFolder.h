@@ -15,9 +15,7 @@ namespace turnpost {
 /// A folder of its own for one test, gone at its end. Names are relative to it.
 class TempFolder {
   public:
-    TempFolder() : folder(std::filesystem::temp_directory_path() / unpredictableName()) {
-        std::filesystem::create_directory(folder);
-    }
+    TempFolder() { std::filesystem::create_directory(folder); }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
     ~TempFolder() {
@@ -54,12 +52,8 @@ class TempFolder {
     }
 
   private:
-    static std::string unpredictableName() {
-        std::random_device random;
-        return "turnpost-" + std::to_string(random()) + "-" + std::to_string(random());
-    }
-
-    std::filesystem::path folder;
+    const std::filesystem::path folder = std::filesystem::temp_directory_path() /
+                                         ("turnpost-" + std::to_string(std::random_device()()));
 };
 
 } // namespace turnpost

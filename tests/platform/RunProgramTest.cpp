@@ -33,15 +33,6 @@ class RunProgram : public testing::Test {
     TempFolder temp;
 };
 
-TEST_F(RunProgram, AProgramThatIsNotThereAFailureAndACrashAreDifferentCases) {
-    temp.write("text", "no program");
-    expectEnd(runProgram(temp.path("missing"), {}, "", milliseconds(20000)), Kind::NotStarted,
-              ENOENT);
-    expectEnd(runProgram(temp.path("text"), {}, "", milliseconds(20000)), Kind::NotStarted, EACCES);
-    expectEnd(shell("exit 127"), Kind::Exited, 127);
-    expectEnd(shell("kill -SEGV $$"), Kind::Signalled, SIGSEGV);
-}
-
 TEST_F(RunProgram, NoShellReadsTheArgumentsAndNoTerminalIsThereToBeAsked) {
     EXPECT_EQ(shell("printf '[%s]' \"$@\" >&2").errorText, "[a  b][$HOME][][*]['; exit 9]");
     expectEnd(shell("read -r p name s parent group session t </proc/$$/stat; test $session = $$"),
@@ -58,25 +49,14 @@ TEST_F(RunProgram, MebibytesInAllDirectionsAtOnceBlockNobodyAndTheLastIsKept) {
     EXPECT_EQ(end.outputText, std::string(65531, 'x') + "words");
 }
 
-TEST_F(RunProgram, InputThatIsRefusedNeitherEndsThisProcessNorHoldsItUpNorLeavesATrace) {
+TEST_F(RunProgram, AHangingProgramIsEndedWithItsChildrenAndNothingOfItStays) {
     const auto openDescriptors = [] {
         return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
     };
     const auto before = openDescriptors();
-    expectEnd(shell("exec 0<&-; exit 3", mebibytes), Kind::Exited, 3);
-    // Still there when the input breaks.
-    expectEnd(shell("exec 0<&-; exec sleep 60", mebibytes, 500), Kind::TimedOut, SIGKILL);
-    sigset_t pending;
-    ASSERT_EQ(sigpending(&pending), 0);
-    EXPECT_EQ(sigismember(&pending, SIGPIPE), 0);
-    runProgram(temp.path("missing"), {}, "", milliseconds(20000));
-    EXPECT_EQ(openDescriptors(), before);
-}
-
-TEST_F(RunProgram, AHangingProgramIsEndedWithItsChildrenAndReaped) {
     std::array<int, 2> held{};
     ASSERT_EQ(pipe(held.data()), 0);
-    const ProgramEnd end = shell("echo words >&2; sleep 60 & wait", "", 500);
+    const ProgramEnd end = shell("exec 0<&-; echo words >&2; sleep 60 & wait", mebibytes, 500);
     close(held[1]);
     expectEnd(end, Kind::TimedOut, SIGKILL);
     EXPECT_EQ(end.errorText, "words\n");
@@ -84,6 +64,8 @@ TEST_F(RunProgram, AHangingProgramIsEndedWithItsChildrenAndReaped) {
     EXPECT_EQ(poll(&ends, 1, 10000), 1) << "something still runs and holds the pipe";
     close(held[0]);
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child was not reaped";
+    runProgram(temp.path("missing"), {}, "", milliseconds(20000));
+    EXPECT_EQ(openDescriptors(), before);
 }
 
 TEST_F(RunProgram, AChildLeftBehindIsNotWaitedForAndGoesOnWritingAsMuchAsItLikes) {

@@ -1,11 +1,7 @@
-#include "Property.h"
+#include "fakes/TempFolder.h"
 
-#include <filesystem>
-#include <fstream>
+#include <cstdint>
 #include <gtest/gtest.h>
-#include <iterator>
-#include <random>
-#include <set>
 
 // What the fuzzing engine calls, one a target.
 extern "C" {
@@ -36,18 +32,13 @@ std::string mixed(const Texts& seeds, std::mt19937& random) {
 // The seeds, then 2,000 inputs that are put together of them, the same at every run.
 void expectToHold(const std::string& target, int (*property)(const std::uint8_t*, size_t)) {
     const std::filesystem::directory_iterator folder(TURNPOST_CORPUS "/" + target);
-    Texts inputs;
+    Texts seeds;
     for (const auto& path : std::set<std::filesystem::path>(begin(folder), end(folder))) {
-        std::ifstream file(path, std::ios::binary);
-        inputs.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+        seeds.push_back(readFile(fromNativePath(path)));
     }
-    ASSERT_FALSE(inputs.empty());
-    const Texts seeds = inputs;
     std::mt19937 random(1);
-    for (int i = 0; i < 2000; ++i) {
-        inputs.push_back(mixed(seeds, random));
-    }
-    for (const std::string& input : inputs) {
+    for (size_t i = 0; i < seeds.size() + 2000; ++i) {
+        const std::string input = i < seeds.size() ? seeds[i] : mixed(seeds, random);
         try {
             property(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
         } catch (const std::logic_error& broken) {

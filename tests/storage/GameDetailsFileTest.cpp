@@ -14,28 +14,22 @@ class GameDetailsFiles : public testing::Test {
         game.rows[2].IncludePlayer = 2;
     }
 
-    static std::string print(const GameFileContent& content) {
-        return printGameDetails(content.game, content.message);
-    }
+    std::string print() const { return printGameDetails(game, message); }
 
-    static void expectReads(const std::string& text, const GameFileContent& expected) {
+    void expectReads(const std::string& text) const {
         const GameFileReading reading = parseGameDetails(text);
         EXPECT_EQ(reading.damage, "") << text;
-        EXPECT_TRUE(reading.content.game == expected.game &&
-                    reading.content.message == expected.message)
-            << text << print(reading.content);
+        EXPECT_TRUE(reading.content.game == game && reading.content.message == message) << text;
     }
 
     // What is wrong with the sample's file when `from` is replaced in it.
     std::string damageBy(const std::string& from, const std::string& to) const {
-        std::string text = print(sample);
+        std::string text = print();
         return parseGameDetails(text.replace(text.find(from), from.size(), to)).damage;
     }
 
-    GameFileContent sample{{"Spring Cup", "C:\\Stars\\Cup\\", "CUP.HST", 9999, {}},
-                           {"Turn <<GY>>", "Hello <<FN>>,\r\nyour turn."}};
-    GameDetails& game = sample.game;
-    std::string& body = sample.message.MessageBody;
+    GameDetails game{"Spring Cup", "C:\\Stars\\Cup\\", "CUP.HST", 9999, {}};
+    MessageTemplate message{"Turn <<GY>>", "Hello <<FN>>,\r\nyour turn."};
 };
 
 TEST_F(GameDetailsFiles, HaveTheLinesThatOtherReadersExpectAndMayEndThemInLineFeeds) {
@@ -47,39 +41,37 @@ TEST_F(GameDetailsFiles, HaveTheLinesThatOtherReadersExpectAndMayEndThemInLineFe
     for (int row = 3; row < rowCount; ++row) {
         expected += "0,0,\"\",\"\",\"\",\"\"\r\n";
     }
-    EXPECT_EQ(print(sample), expected);
-    expectReads(expected, sample);
+    EXPECT_EQ(print(), expected);
     std::erase(expected, '\r');
-    expectReads(expected, sample);
+    expectReads(expected);
     expected.replace(expected.find("1,1"), 1, "2");
     game.rows[0].Shown = false;
-    expectReads(expected, sample);
+    expectReads(expected);
 }
 
 TEST_F(GameDetailsFiles, AreReadToTheLastValueHoweverFlagsAndEmptyTextsAreWritten) {
-    std::string text = print(sample);
+    std::string text = print();
     for (const char* behind : {"\x1A", "x", "\"x\"\r\n", "1,1,\"a\",\"b\",\"c\",\"d\"\r\n"}) {
-        expectReads(text + behind, sample);
+        expectReads(text + behind);
     }
-    expectReads(text.replace(text.rfind("0,0"), std::string::npos, "0,0,,,,\r\n"), sample);
-    expectReads(text.replace(text.find("1,1"), 3, "+1,1 "), sample);
+    expectReads(text.replace(text.rfind("0,0"), std::string::npos, "0,0,,,,\r\n"));
+    expectReads(text.replace(text.find("1,1"), 3, "+1,1 "));
     game.rows[0] = {-1, "Red \"the\" Leader", "red@example.org", "", "CUP.M1", false};
-    expectReads(text.replace(text.find("+1,1 ,\"Red "), 11, "-1,-1,\"Red \"the\" "), sample);
-    expectReads(text + "\r\n \r\n\r\n", sample);
+    expectReads(text.replace(text.find("+1,1 ,\"Red "), 11, "-1,-1,\"Red \"the\" ") + "\r\n \r\n");
 }
 
 TEST_F(GameDetailsFiles, CutAtAnyByteAreNeverTakenForWhole) {
     for (const char* text : {"Hello,\r\nyour turn.", "He \"read\"\r\n\"and, \"did\""}) {
-        body = text;
+        message.MessageBody = text;
         game.rows[15].PlayerName = oneLine(text);
-        const std::string whole = print(sample);
+        const std::string whole = print();
         for (size_t length = 0; length < whole.size() - 2; ++length) {
             EXPECT_NE(parseGameDetails(whole.substr(0, length)).damage, "") << length;
         }
-        expectReads(whole.substr(0, whole.size() - 2), sample);
+        expectReads(whole.substr(0, whole.size() - 2));
     }
-    body = "\r\n1,1,\"its opening quote\",\"alone\",\"on its line\",\"is no end";
-    expectReads(print(sample), sample);
+    message.MessageBody = "\r\n1,1,\"its opening quote\",\"alone\",\"on its line\",\"is no end";
+    expectReads(print());
 }
 
 TEST_F(GameDetailsFiles, WhatIsWrongIsSaid) {
@@ -90,10 +82,10 @@ TEST_F(GameDetailsFiles, WhatIsWrongIsSaid) {
     EXPECT_EQ(damageBy("\"CUP.M1\"", "\"CUP.M1\",\"x\""), "A flag of player 2 is no number");
     EXPECT_EQ(damageBy("\"Spring Cup\"\r\n", ""), "It holds 100 values that can be read, not 101");
     EXPECT_EQ(damageBy("Hello", {"\0", 1}), "It holds a NUL character");
-    body = "One place\"\r\n1,1,\"and\",\"another\",\"for the\",\"rows";
+    message.MessageBody = "One place\"\r\n1,1,\"and\",\"another\",\"for the\",\"rows";
     EXPECT_EQ(damageBy("Red Leader", "Red \"the\" Leader"),
               "It holds 14 values that can be read, not 101");
-    body.clear();
+    message.MessageBody.clear();
     game.rows[15].PlayerName = "\",\"";
     EXPECT_EQ(damageBy("", ""), "Its double quotes leave several ways to read it");
     // A million values take neither minutes nor all of the memory.
@@ -101,12 +93,11 @@ TEST_F(GameDetailsFiles, WhatIsWrongIsSaid) {
 }
 
 TEST_F(GameDetailsFiles, AreNamedAfterTheSecondRowElseAfterTheHostFile) {
-    for (const auto& [turnFile, name] : std::vector<std::pair<std::string, std::string>>{
-             {"OLD.M2", "OLD.NTP"}, {".M2", ".NTP"}, {"M2", "CUP.NTP"}, {"", "CUP.NTP"}}) {
-        game.rows[1].GameFile = turnFile;
-        EXPECT_EQ(gameDetailsFile(game), "C:\\Stars\\Cup\\" + name) << turnFile;
-        EXPECT_EQ(storedGameFile(game), "C:\\Stars\\Cup\\CUP.NTP");
-    }
+    game.rows[1].GameFile = "OLD.M2";
+    EXPECT_EQ(gameDetailsFile(game), "C:\\Stars\\Cup\\OLD.NTP");
+    EXPECT_EQ(storedGameFile(game), "C:\\Stars\\Cup\\CUP.NTP");
+    game.rows[1].GameFile = "M2";
+    EXPECT_EQ(gameDetailsFile(game), storedGameFile(game));
 }
 
 } // namespace turnpost

@@ -4,8 +4,12 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <malloc.h>
 #include <unistd.h>
+#endif
 
 namespace turnpost::desk {
 
@@ -19,13 +23,6 @@ const std::map<std::string, std::size_t> slacks = {
     // Each thread of the toolkit holds one; it starts and ends them as it likes.
     {"descriptors", 2}};
 
-std::size_t residentMemory() {
-    std::size_t total = 0;
-    std::size_t resident = 0;
-    std::ifstream("/proc/self/statm") >> total >> resident;
-    return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-}
-
 template <typename Iterator> std::size_t medianOf(Iterator begin, Iterator end) {
     std::vector<std::size_t> figures(begin, end);
     const auto middle = figures.begin() + std::ssize(figures) / 2;
@@ -35,21 +32,30 @@ template <typename Iterator> std::size_t medianOf(Iterator begin, Iterator end) 
 
 } // namespace
 
-std::size_t liveHeap() {
-    const auto heap = mallinfo2();
-    return heap.uordblks + heap.hblkhd;
-}
-
 std::size_t openDescriptors() {
+#ifdef _WIN32
+    DWORD count = 0;
+    GetProcessHandleCount(GetCurrentProcess(), &count);
+    return count;
+#else
     const std::filesystem::directory_iterator all("/proc/self/fd");
     // One of them reads the folder.
     return static_cast<std::size_t>(std::distance(begin(all), end(all))) - 1;
+#endif
 }
 
 void Usage::sample() {
-    samples["heap"].push_back(liveHeap());
-    samples["resident memory"].push_back(residentMemory());
     samples["descriptors"].push_back(openDescriptors());
+#ifndef _WIN32
+    // Stands still under the sanitizers, which have a heap of their own.
+    const auto heap = mallinfo2();
+    samples["heap"].push_back(heap.uordblks + heap.hblkhd);
+    std::size_t total = 0;
+    std::size_t resident = 0;
+    std::ifstream("/proc/self/statm") >> total >> resident;
+    const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    samples["resident memory"].push_back(resident * page);
+#endif
 }
 
 void Usage::expectFlat() const {

@@ -7,11 +7,7 @@
 
 namespace turnpost::desk {
 
-/// Bytes in use on the heap. Stands still under the sanitizers, which have a heap of their own and
-/// look for leaks at the program's end.
-std::size_t liveHeap();
-
-/// Open file descriptors of the process.
+/// Open file descriptors of the process; on Windows its handles.
 std::size_t openDescriptors();
 
 /// What the process uses, sampled while it does the same thing again and again.
@@ -20,7 +16,8 @@ class Usage {
     void sample();
 
     /// Compares the medians of the first and the last quarter of the samples and prints both. Fails
-    /// the test when heap, resident memory or descriptors grew by more than their slack.
+    /// the test when descriptors, or the heap and resident memory elsewhere than on Windows, grew
+    /// by more than their slack.
     void expectFlat() const;
 
   private:

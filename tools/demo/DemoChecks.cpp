@@ -1,10 +1,10 @@
 #include "DemoChecks.h"
 
+#include "MailStandIn.h"
 #include "desk/UuDecoder.h"
 #include "platform/Files.h"
 #include "platform/Path.h"
 
-#include <QByteArray>
 #include <algorithm>
 #include <iostream>
 #include <vector>
@@ -31,10 +31,6 @@ bool holdsAll(const std::string& report, const std::vector<std::string>& lines) 
     });
 }
 
-std::string inBase64(const std::string& bytes) {
-    return QByteArray::fromStdString(bytes).toBase64().toStdString();
-}
-
 } // namespace
 
 bool checkMessages(const std::deque<desk::ScriptedServer::Conversation>& conversations,
@@ -59,13 +55,10 @@ bool checkMessages(const std::deque<desk::ScriptedServer::Conversation>& convers
     return served == std::vector<int>{1, 2, 4, 7} || complain("not every player was served once");
 }
 
-bool checkMailSystem(const std::map<std::string, int>& playersByAddress, const TurnFiles& turnFiles,
-                     const std::string& extraFile, const std::string& folder) {
+bool checkMailSystem(const std::map<std::string, int>& playersByAddress,
+                     const std::string& folder) {
     for (const auto& [address, player] : playersByAddress) {
-        std::string message = readFile(joinPath(folder, "mapi-" + address + ".eml"));
-        message.erase(std::remove(message.begin(), message.end(), '\n'), message.end());
-        if (message.find(inBase64(turnFiles.at(player))) == std::string::npos ||
-            message.find(inBase64(extraFile)) == std::string::npos) {
+        if (!wasHanded(folder, address, {"GAME.M" + std::to_string(player), "news & rules.txt"})) {
             return complain("the mail system got a damaged file for " + address);
         }
     }

@@ -18,10 +18,8 @@ bool checkMessages(const std::deque<desk::ScriptedServer::Conversation>& convers
                    const TurnFiles& turnFiles, const std::string& extraFile,
                    const std::string& folder);
 
-/// True when the mail system was handed the messages of all these players, named mapi-ADDRESS.eml
-/// in the folder, with their files.
-bool checkMailSystem(const std::map<std::string, int>& playersByAddress, const TurnFiles& turnFiles,
-                     const std::string& extraFile, const std::string& folder);
+/// True when the mail system was handed the messages of all these players with their files.
+bool checkMailSystem(const std::map<std::string, int>& playersByAddress, const std::string& folder);
 
 /// True when the reports have a line of each kind.
 bool checkReports(const std::string& bySmtp, const std::string& byMailSystem);

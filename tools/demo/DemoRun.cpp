@@ -1,9 +1,9 @@
 #include "DemoRun.h"
 
 #include "DemoChecks.h"
+#include "MailStandIn.h"
 #include "desk/SampleGame.h"
 #include "desk/Waiting.h"
-#include "mapi/SendmailMessages.h"
 #include "platform/Files.h"
 
 #include <QDeadlineTimer>
@@ -29,27 +29,6 @@ Answer answer(Point point, const std::string& line) {
     return desk::goodAnswer(point);
 }
 
-// Stands in for the desktop's mail system: keeps each message under its first recipient's name.
-constexpr const char* recordingSendmail = "#!/bin/sh\n"
-                                          "while [ \"$1\" != -- ]; do shift; done\n"
-                                          "exec cat > \"${0%/*}/../mapi-$2.eml\"\n";
-
-std::string makeRecordingSendmail(const std::string& demoFolder) {
-    std::string folder = demoFolder + "/mail-system";
-    std::filesystem::create_directories(folder);
-    replaceFile(folder + "/sendmail", recordingSendmail);
-    std::filesystem::permissions(folder + "/sendmail", std::filesystem::perms::owner_all);
-    return folder;
-}
-
-Application::MailSystemMaker mailSystemIn(const std::string& folder) {
-    return [folder](const Settings& settings) {
-        auto session = std::make_unique<SendmailSession>(std::vector<std::string>{folder});
-        auto messages = std::make_unique<SendmailMessages>(settings, *session);
-        return MailSystem{std::move(session), std::move(messages)};
-    };
-}
-
 } // namespace
 
 DemoRun::DemoRun(const std::string& demoFolder)
@@ -59,7 +38,7 @@ DemoRun::DemoRun(const std::string& demoFolder)
           {{1, 0}, {2, 45}, {4, 46}, {7, 100000}, {9, 300}, {12, 300}, {14, 300}, {16, 300}})),
       extraFile("New rules & dates.\r\n.\r\nGood luck!\r\n"),
       server([](Point point, int, const std::string& line) { return answer(point, line); }),
-      person(demoFolder, mailSystemIn(makeRecordingSendmail(demoFolder))) {
+      person(demoFolder, recordingMailSystem(demoFolder)) {
     replaceFile(demoFolder + "/game/news & rules.txt", extraFile);
 }
 
@@ -88,7 +67,7 @@ bool DemoRun::play(int pause) {
               << texts[2] << '\n';
     return checkMessages(server.conversations(), turnFiles, extraFile, folder.toStdString()) &&
            checkMailSystem({{"red@example.net", 1}, {"green@example.net", 7}, {refusedAddress, 12}},
-                           turnFiles, extraFile, folder.toStdString()) &&
+                           folder.toStdString()) &&
            checkReports(texts[1], texts[2]);
 }
 

@@ -9,19 +9,26 @@ namespace {
 constexpr int pauseForAPerson = 1200; // milliseconds
 
 bool hasDisplay() {
+#ifdef _WIN32
+    return true;
+#else
     return !qEnvironmentVariableIsEmpty("DISPLAY") ||
            !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+#endif
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
-    if (arguments.empty() || (arguments.size() > 1 && arguments[0] != "--headless")) {
-        std::cerr << "usage: turnpost_demo [--headless] FOLDER\n";
+    const std::string mode = arguments.size() > 1 ? arguments[0] : std::string();
+    if (arguments.empty() || !(mode.empty() || mode == "--headless" || mode == "--alone")) {
+        std::cerr << "usage: turnpost_demo [--headless | --alone] FOLDER\n"
+                     "--headless needs no display, --alone no person\n";
         return 2;
     }
-    const bool headless = arguments[0] == "--headless" || !hasDisplay();
+    const bool headless = mode == "--headless" || !hasDisplay();
+    const bool alone = headless || mode == "--alone";
     if (headless) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
@@ -31,11 +38,11 @@ int main(int argc, char** argv) {
     turnpost::demo::DemoRun demo(folder.toStdString());
     bool good = false;
     try {
-        good = demo.play(headless ? 0 : pauseForAPerson);
+        good = demo.play(alone ? 0 : pauseForAPerson);
     } catch (const std::exception& failure) {
         std::cerr << "demo: " << failure.what() << '\n';
     }
-    if (!headless && good) {
+    if (!alone && good) {
         std::cout << "The window stays open on the sample game; its mail server runs until you "
                      "close the window.\n";
         demo.host().release();

@@ -1,33 +1,22 @@
 #include "desk/PeerSocket.h"
 
-#include <cerrno>
-#include <netinet/in.h>
-#include <netinet/tcp.h>
-#include <sys/socket.h>
-#include <unistd.h>
-#include <utility>
+#include "platform/SocketCalls.h"
 
 namespace turnpost::desk {
 
-PeerSocket::PeerSocket(int connectedDescriptor, Received onReceived, Ended onEnded)
-    : descriptor(connectedDescriptor), received(std::move(onReceived)), ended(std::move(onEnded)),
-      readable(connectedDescriptor, QSocketNotifier::Read),
-      writable(connectedDescriptor, QSocketNotifier::Write) {
+using Transfer = SystemSocket::Transfer;
+
+PeerSocket::PeerSocket(std::intptr_t connected, Received onReceived, Ended onEnded)
+    : system(connected), received(std::move(onReceived)), ended(std::move(onEnded)),
+      readable(connected, QSocketNotifier::Read), writable(connected, QSocketNotifier::Write) {
     writable.setEnabled(false);
-    const int now = 1;
-    setsockopt(descriptor, IPPROTO_TCP, TCP_NODELAY, &now, sizeof now);
     connect(&readable, &QSocketNotifier::activated, this, &PeerSocket::read);
     connect(&writable, &QSocketNotifier::activated, this, &PeerSocket::write);
 }
 
-PeerSocket::~PeerSocket() {
-    ended = nullptr;
-    end(false);
-}
-
 void PeerSocket::send(const std::string& bytes) {
     outgoing += bytes;
-    if (descriptor >= 0 && !outgoing.empty()) {
+    if (system.isOpen() && !outgoing.empty()) {
         write();
     }
 }
@@ -36,46 +25,45 @@ void PeerSocket::release() {
     for (const char byte : std::exchange(kept, {})) {
         send(std::string(1, byte));
     }
-    readable.setEnabled(descriptor >= 0);
-}
-
-void PeerSocket::endSending() {
-    shutdown(descriptor, SHUT_WR);
+    readable.setEnabled(system.isOpen());
 }
 
 void PeerSocket::close(bool byReset) {
     if (byReset) {
         // A linger time of zero turns the close into a reset.
         const linger now{1, 0};
-        setsockopt(descriptor, SOL_SOCKET, SO_LINGER, &now, sizeof now);
+        setsockopt(static_cast<SocketHandle>(system.descriptor()), SOL_SOCKET, SO_LINGER,
+                   reinterpret_cast<const char*>(&now), sizeof now);
     }
     end(false);
 }
 
 void PeerSocket::read() {
-    char bytes[65536];
-    const ssize_t count = recv(descriptor, bytes, sizeof bytes, 0);
-    if (count > 0) {
-        received(std::string(bytes, static_cast<size_t>(count)));
-    } else if (count == 0 && !kept.empty()) {
+    std::string bytes;
+    const auto state = system.receive(bytes).state;
+    if (state == Transfer::Moved) {
+        received(bytes);
+    } else if (state == Transfer::Failed) {
+        end(true);
+    } else if (state == Transfer::Ended && !kept.empty()) {
         // The late answer; the next look tells whether the client met it with a reset.
         release();
-    } else if (count == 0 && !outgoing.empty()) {
+    } else if (state == Transfer::Ended && !outgoing.empty()) {
         // The end of stream is still there when all has been sent.
         readable.setEnabled(false);
         readsWhenSent = true;
-    } else if (count == 0 || errno != EAGAIN) {
-        end(count < 0);
+    } else if (state == Transfer::Ended) {
+        end(false);
     }
 }
 
 void PeerSocket::write() {
-    const ssize_t count = ::send(descriptor, outgoing.data(), outgoing.size(), MSG_NOSIGNAL);
-    if (count < 0 && errno != EAGAIN) {
+    const Transfer transfer = system.send(outgoing);
+    if (transfer.state == Transfer::Failed) {
         end(true);
         return;
     }
-    outgoing.erase(0, count < 0 ? 0 : static_cast<size_t>(count));
+    outgoing.erase(0, transfer.count);
     writable.setEnabled(!outgoing.empty());
     if (outgoing.empty() && std::exchange(readsWhenSent, false)) {
         readable.setEnabled(true);
@@ -83,18 +71,15 @@ void PeerSocket::write() {
 }
 
 void PeerSocket::end(bool byReset) {
-    if (descriptor < 0) {
+    if (!system.isOpen()) {
         return;
     }
     readable.setEnabled(false);
     writable.setEnabled(false);
-    ::close(descriptor);
-    descriptor = -1;
+    system.close();
     outgoing.clear();
     kept.clear();
-    if (ended) {
-        ended(byReset);
-    }
+    ended(byReset);
 }
 
 } // namespace turnpost::desk

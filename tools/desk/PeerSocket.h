@@ -1,27 +1,25 @@
 #pragma once
 
+#include "platform/SystemSocket.h"
+
 #include <QObject>
 #include <QSocketNotifier>
 #include <functional>
-#include <string>
 
 namespace turnpost::desk {
 
-/// The server's end of one connection. Works on a plain descriptor, since only that tells an end of
-/// stream from a reset.
+/// The server's end of one connection. When destroyed it closes; what has not been read becomes a
+/// reset for the client.
 class PeerSocket final : public QObject {
   public:
     using Received = std::function<void(const std::string& bytes)>;
     using Ended = std::function<void(bool byReset)>;
 
-    /// Takes over a connected descriptor. `onEnded` is called once, when the connection is closed
-    /// by either side; not by the destructor.
-    PeerSocket(int connectedDescriptor, Received onReceived, Ended onEnded);
+    /// Takes over a connected socket of the system. `onEnded` is called once, when the connection
+    /// is closed by either side; not by the destructor.
+    PeerSocket(std::intptr_t connected, Received onReceived, Ended onEnded);
     PeerSocket(const PeerSocket&) = delete;
     PeerSocket& operator=(const PeerSocket&) = delete;
-
-    /// Closes; what has not been read becomes a reset for the client.
-    ~PeerSocket() override;
 
     /// Sends in the background what the system does not take at once.
     void send(const std::string& bytes);
@@ -37,7 +35,7 @@ class PeerSocket final : public QObject {
     void stopReading() { readable.setEnabled(false); }
 
     /// An orderly end of stream; reading goes on.
-    void endSending();
+    void endSending() { system.endSending(); }
 
     /// Closes, by a reset if so wanted. What has not been sent yet is dropped.
     void close(bool byReset);
@@ -47,7 +45,7 @@ class PeerSocket final : public QObject {
     void write();
     void end(bool byReset);
 
-    int descriptor;
+    SystemSocket system;
     Received received;
     Ended ended;
     QSocketNotifier readable;

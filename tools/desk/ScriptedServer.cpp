@@ -1,11 +1,8 @@
 #include "desk/ScriptedServer.h"
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <netinet/tcp.h>
+#include "platform/SocketCalls.h"
+
 #include <stdexcept>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace turnpost::desk {
 
@@ -37,41 +34,43 @@ Answer goodAnswer(Point point) {
     }
 }
 
-ScriptedServer::ScriptedServer(Script conversationScript) : script(std::move(conversationScript)) {
-    listener = socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+ScriptedServer::ScriptedServer(Script conversationScript)
+    : script(std::move(conversationScript)),
+      listener(static_cast<std::intptr_t>(socket(AF_INET, SOCK_STREAM, 0))) {
+    const auto handle = static_cast<SocketHandle>(listener.descriptor());
+    // Before listen, so that the first segments of a connection know of it.
+    const auto setOption = [handle](int level, int name, int value) {
+        setsockopt(handle, level, name, reinterpret_cast<const char*>(&value), sizeof value);
+    };
+#ifdef TCP_MAXSEG
+    setOption(IPPROTO_TCP, TCP_MAXSEG, 1400);
+#endif
+    setOption(SOL_SOCKET, SO_RCVBUF, 8192);
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t size = sizeof address;
     auto* generic = reinterpret_cast<sockaddr*>(&address);
-    // Before listen, so that the first segments of a connection know of it.
-    const int segment = 1400;
-    const int buffer = 8192;
-    setsockopt(listener, IPPROTO_TCP, TCP_MAXSEG, &segment, sizeof segment);
-    setsockopt(listener, SOL_SOCKET, SO_RCVBUF, &buffer, sizeof buffer);
-    if (bind(listener, generic, size) != 0 || listen(listener, 64) != 0 ||
-        getsockname(listener, generic, &size) != 0) {
+    if (bind(handle, generic, size) != 0 || listen(handle, 64) != 0 ||
+        getsockname(handle, generic, &size) != 0) {
         throw std::runtime_error("no loopback port");
     }
     listeningPort = ntohs(address.sin_port);
-    notifier = std::make_unique<QSocketNotifier>(listener, QSocketNotifier::Read);
-    connect(notifier.get(), &QSocketNotifier::activated, this, [this] { accept(); });
-}
-
-ScriptedServer::~ScriptedServer() {
-    notifier.reset();
-    close(listener);
+    notifier.setSocket(listener.descriptor());
+    notifier.setEnabled(true);
+    connect(&notifier, &QSocketNotifier::activated, this, &ScriptedServer::accept);
 }
 
 void ScriptedServer::accept() {
-    const int descriptor = accept4(listener, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
-    if (descriptor < 0) {
+    const auto accepted = static_cast<std::intptr_t>(
+        ::accept(static_cast<SocketHandle>(listener.descriptor()), nullptr, nullptr));
+    if (accepted < 0) {
         return;
     }
     const int connection = static_cast<int>(peers.size());
     records.emplace_back();
     peers.emplace_back().socket = std::make_unique<PeerSocket>(
-        descriptor, [this, connection](const std::string& bytes) { takeInput(connection, bytes); },
+        accepted, [this, connection](const std::string& bytes) { takeInput(connection, bytes); },
         [this, connection](bool byReset) { end(connection, byReset); });
     answer(connection, Point::Greeting, {});
 }

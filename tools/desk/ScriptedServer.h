@@ -53,7 +53,6 @@ class ScriptedServer final : public QObject {
     explicit ScriptedServer(Script conversationScript);
     ScriptedServer(const ScriptedServer&) = delete;
     ScriptedServer& operator=(const ScriptedServer&) = delete;
-    ~ScriptedServer() override;
 
     std::uint16_t port() const { return listeningPort; }
 
@@ -89,9 +88,9 @@ class ScriptedServer final : public QObject {
     void end(int connection, bool byReset);
 
     Script script;
-    int listener = -1;
+    SystemSocket listener;
     std::uint16_t listeningPort = 0;
-    std::unique_ptr<QSocketNotifier> notifier;
+    QSocketNotifier notifier{QSocketNotifier::Read};
     std::deque<Peer> peers;
     std::deque<Conversation> records;
     size_t midMessage = 0;

@@ -13,6 +13,7 @@
 #include "smtp/qt/frmProgRept.h"
 
 #include <QApplication>
+#include <QIcon>
 
 namespace turnpost {
 
@@ -33,9 +34,15 @@ QWidget* frontWindow(frmMain* main) {
 
 void Desktop::prepareToolkit() {
     QApplication::setApplicationName(applicationTitle);
+    QApplication::setDesktopFileName("net.nimbusturnpost.Turnpost");
     // The layouts are exact to the pixel; other styles' margins would clip captions.
     QApplication::setStyle("Fusion");
     QApplication::setQuitOnLastWindowClosed(false);
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+        icon.addFile(QString(":/icons/turnpost-%1.png").arg(size));
+    }
+    QApplication::setWindowIcon(icon);
 }
 
 ProgramFolders Desktop::ownFolders() {

@@ -2,7 +2,7 @@
 
 #include "app/AppWindows.h"
 #include "app/Application.h"
-#include "platform/qt/QtSocket.h"
+#include "platform/qt/TcpSocket.h"
 #include "roster/qt/frmMain.h"
 
 #include <memory>
@@ -40,7 +40,7 @@ class Desktop final : public AppWindows {
     void openReport() override;
 
   private:
-    QtSocket Winsock1;
+    TcpSocket Winsock1;
     std::unique_ptr<Application> application;
     std::unique_ptr<frmMain> main;
 };

@@ -16,8 +16,8 @@ namespace turnpost {
 
 namespace {
 
-void leaveTaskBar(const QWidget* window) {
 #if QT_CONFIG(xcb)
+void leaveTaskBar(const QWidget* window) {
     // The platform without a screen knows X11 too, but its windows are none of X11's.
     auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     xcb_connection_t* server = x11 == nullptr ? nullptr : x11->connection();
@@ -34,8 +34,11 @@ void leaveTaskBar(const QWidget* window) {
     const xcb_atom_t skip = atomOf("_NET_WM_STATE_SKIP_TASKBAR");
     xcb_change_property(server, XCB_PROP_MODE_APPEND, static_cast<xcb_window_t>(window->winId()),
                         atomOf("_NET_WM_STATE"), XCB_ATOM_ATOM, 32, 1, &skip);
-#endif
 }
+#else
+// A dialog with an owner stands in no task bar there.
+void leaveTaskBar(const QWidget*) {}
+#endif
 
 class Placing final : public QObject {
   public:

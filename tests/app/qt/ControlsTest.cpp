@@ -1,6 +1,5 @@
 #include "app/qt/ControlTable.h"
 #include "desk/SampleGame.h"
-#include "fakes/FakeMail.h"
 #include "support/WindowTest.h"
 
 #include <QAbstractButton>
@@ -123,7 +122,9 @@ std::string describe(const QWidget& form) {
 }
 
 // With the usual fonts. A caption that needs a second line must get one.
-void expectCaptionFits(QWidget& control, const QString& text, int markWidth) {
+void expectCaptionFits(QWidget& control) {
+    const QString text = control.property("text").toString();
+    const int markWidth = control.inherits("QLabel") ? 0 : control.inherits("QPushButton") ? 2 : 17;
     const QRect inner(0, 0, control.width() - markWidth, 1000);
     for (const char* family : {"DejaVu Sans", "Liberation Sans"}) {
         QFont font = control.font();
@@ -155,10 +156,7 @@ void expectUsable(QWidget& form) {
         if (auto* box = qobject_cast<QLineEdit*>(control)) {
             expectBoxWorks(*box);
         } else {
-            expectCaptionFits(*control, control->property("text").toString(),
-                              control->inherits("QPushButton") ? 2
-                              : control->inherits("QLabel")    ? 0
-                                                               : 17);
+            expectCaptionFits(*control);
         }
     }
 }
@@ -168,26 +166,11 @@ void expectUsable(QWidget& form) {
 class Controls : public WindowTest {};
 
 TEST_F(Controls, OfEveryWindowAreThoseOfTheTable) {
-    FakeMail::Record calls;
-    start([&calls](const Settings&) {
-        return MailSystem{std::make_unique<FakeMail>(calls), std::make_unique<FakeMail>(calls)};
-    });
-    makeSampleGame(folder.path(), {{1, 1},
-                                   {2, 1},
-                                   {3, 1},
-                                   {4, 1},
-                                   {5, 1},
-                                   {6, 1},
-                                   {7, 1},
-                                   {8, 1},
-                                   {9, 1},
-                                   {10, 1},
-                                   {11, 1},
-                                   {12, 1},
-                                   {13, 1},
-                                   {14, 1},
-                                   {15, 1},
-                                   {16, 1}});
+    std::map<int, size_t> turnFiles;
+    for (int player = 1; player <= rowCount; ++player) {
+        turnFiles[player] = 1;
+    }
+    makeSampleGame(folder.path(), turnFiles);
     host().saveSettings("localhost");
     host().desktop().startUp();
     std::string found = describe(window());
@@ -197,7 +180,7 @@ TEST_F(Controls, OfEveryWindowAreThoseOfTheTable) {
     host().click("PlaySel(1)");
     const std::pair<const char*, const char*> dialogs[] = {
         {"frmSettings", "mnuEmailSets"}, {"frmMessage", "mnuMsg"}, {"frmAtch", "butAtch"},
-        {"frmStore", "mnuStoredCon"},    {"frmOpen", "mnuOpen"},   {"frmProgRept", "Command1"},
+        {"frmStore", "mnuStoredCon"},    {"frmOpen", "mnuOpen"},   {"frmProgRept", "butSend"},
         {"frmAbout", "mnuAbout"},
     };
     for (const auto& [name, opener] : dialogs) {

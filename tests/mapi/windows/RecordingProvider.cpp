@@ -10,7 +10,7 @@
 
 namespace {
 
-using turnpost::toUtf8;
+using turnpost::fromUtf16;
 
 // Wider than 32 bits, as a handle may be.
 constexpr LHANDLE session = 12345678901234;
@@ -52,17 +52,17 @@ __declspec(dllexport) ULONG WINAPI
     MAPISendMailW(LHANDLE handle, ULONG_PTR window, const turnpost::MapiMessageW* message,
                   FLAGS flags, ULONG) {
     record("send session=", handle, " window=", window, " flags=", flags,
-           "\nsubject=", toUtf8(message->lpszSubject), "\ntext=", toUtf8(message->lpszNoteText));
+           "\nsubject=", fromUtf16(message->lpszSubject), "\ntext=", fromUtf16(message->lpszNoteText));
     for (ULONG i = 0; i < message->nRecipCount; ++i) {
         const turnpost::MapiRecipDescW& recipient = message->lpRecips[i];
-        record("recipient class=", recipient.ulRecipClass, " name=", toUtf8(recipient.lpszName),
-               " address=", toUtf8(recipient.lpszAddress));
+        record("recipient class=", recipient.ulRecipClass, " name=", fromUtf16(recipient.lpszName),
+               " address=", fromUtf16(recipient.lpszAddress));
     }
     for (ULONG i = 0; i < message->nFileCount; ++i) {
         const turnpost::MapiFileDescW& file = message->lpFiles[i];
         record("file position=", file.nPosition, " flags=", file.flFlags,
-               " path=", toUtf8(file.lpszPathName),
-               " name=", file.lpszFileName == nullptr ? "NULL" : toUtf8(file.lpszFileName));
+               " path=", fromUtf16(file.lpszPathName),
+               " name=", file.lpszFileName == nullptr ? "NULL" : fromUtf16(file.lpszFileName));
     }
     return answer(window, L"TURNPOST_SEND_CODE");
 }

@@ -1,0 +1,188 @@
+#include "platform/qt/TcpConnection.h"
+
+#include "platform/qt/QtText.h"
+
+#include <QDeadlineTimer>
+#include <QHostInfo>
+
+namespace turnpost {
+
+namespace {
+
+using Transfer = SystemSocket::Transfer;
+
+constexpr std::chrono::minutes longestStillness{1};
+constexpr int farewellAtProgramEnd = 100; // milliseconds
+
+constexpr int connectionReset = 10054;
+constexpr int hostNotFound = 11001;
+
+} // namespace
+
+TcpConnection::TcpConnection(const std::string& host, std::uint16_t serverPort,
+                             SocketEvents* socketEvents, QObject* parent)
+    : QObject(parent), events(socketEvents), port(serverPort) {
+    connect(&readable, &QSocketNotifier::activated, this, &TcpConnection::receive);
+    connect(&writable, &QSocketNotifier::activated, this, &TcpConnection::onWritable);
+    stillness.setInterval(longestStillness);
+    connect(&stillness, &QTimer::timeout, this, [this] { end(0); });
+    QHostAddress address;
+    if (address.setAddress(toQt(host))) {
+        // The toolkit would ask for the name of the address first, and wait where nobody answers.
+        addresses = {address};
+        tryNextAddress(0);
+        return;
+    }
+    QHostInfo::lookupHost(toQt(host), this, [this](const QHostInfo& found) {
+        addresses = found.addresses();
+        if (state != State::Connecting) {
+            return;
+        }
+        if (addresses.isEmpty()) {
+            end(0);
+            report(hostNotFound, fromQt(found.errorString()));
+        } else {
+            tryNextAddress(0);
+        }
+    });
+}
+
+TcpConnection::~TcpConnection() {
+    const QDeadlineTimer farewell(farewellAtProgramEnd);
+    while (state == State::Closing && !farewell.hasExpired()) {
+        system.wait(!outgoing.empty(), static_cast<int>(farewell.remainingTime()));
+        sendQueued();
+        receive();
+    }
+}
+
+void TcpConnection::tryNextAddress(int error) {
+    while (!addresses.isEmpty()) {
+        error = system.connect(fromQt(addresses.takeFirst().toString()), port);
+        if (error == 0) {
+            readable.setSocket(system.descriptor());
+            writable.setSocket(system.descriptor());
+            writable.setEnabled(true);
+            return;
+        }
+    }
+    end(error);
+}
+
+void TcpConnection::onWritable() {
+    writable.setEnabled(false);
+    if (state != State::Connecting) {
+        sendQueued();
+        return;
+    }
+    const int error = system.pendingError();
+    if (error != 0 && winsockNumber(error) != connectionReset) {
+        tryNextAddress(error);
+        return;
+    }
+    // A reset that has followed so soon comes after what the server has said before it.
+    failure = error;
+    state = State::Connected;
+    readable.setEnabled(true);
+}
+
+void TcpConnection::send(const std::string& bytes) {
+    if (state == State::Connected && failure == 0) {
+        outgoing += bytes;
+        // To the system at once: what it has taken is delivered even when Close follows.
+        sendQueued();
+    }
+}
+
+void TcpConnection::sendQueued() {
+    const auto transfer = system.send(std::string_view(outgoing).substr(sent));
+    sent += transfer.count;
+    if (transfer.count > 0 && state == State::Closing) {
+        stillness.start();
+    }
+    if (transfer.state == Transfer::Failed) {
+        failure = transfer.error;
+        sent = outgoing.size();
+        // What has arrived before comes first.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                while (system.isOpen()) {
+                    receive();
+                }
+            },
+            Qt::QueuedConnection);
+    }
+    if (sent == outgoing.size()) {
+        outgoing.clear();
+        sent = 0;
+        if (state == State::Closing) {
+            system.endSending();
+        }
+    }
+    writable.setEnabled(!outgoing.empty());
+}
+
+// Events are queued: one may open a modal window, or close the connection that is still at work.
+void TcpConnection::receive() {
+    const auto transfer = system.receive(incoming);
+    if (transfer.state != Transfer::Moved) {
+        if (transfer.state != Transfer::Later || failure != 0) {
+            end(failure != 0 ? failure : transfer.error);
+        }
+    } else if (state == State::Closing) {
+        incoming.clear();
+        stillness.start();
+    } else {
+        lastHeard = std::chrono::steady_clock::now();
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (events != nullptr && !incoming.empty()) {
+                    events->DataArrival();
+                }
+            },
+            Qt::QueuedConnection);
+    }
+}
+
+void TcpConnection::end(int error) {
+    readable.setEnabled(false);
+    writable.setEnabled(false);
+    system.close();
+    if (std::exchange(state, State::Ended) == State::Closing) {
+        deleteLater();
+    }
+    if (error != 0) {
+        report(winsockNumber(error), socketErrorText(error));
+    }
+}
+
+void TcpConnection::report(int number, const std::string& description) {
+    QMetaObject::invokeMethod(
+        this,
+        [this, number, description] {
+            if (events != nullptr) {
+                events->Error(number, description);
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+void TcpConnection::leave(Queue queue) {
+    events = nullptr;
+    if (state != State::Connected) {
+        end(0);
+        deleteLater();
+        return;
+    }
+    state = State::Closing;
+    stillness.start();
+    if (queue == Queue::Dropped) {
+        outgoing.clear();
+        sent = 0;
+    }
+    sendQueued();
+}
+
+} // namespace turnpost
