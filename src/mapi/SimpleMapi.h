@@ -46,8 +46,9 @@ struct MapiMessageW {
     MapiFileDescW* lpFiles;
 };
 
-/// Simple MAPI's calls, loaded at run time: a system need not have them. Windows 8 and later have
-/// the one for UTF-16, and put the message into bytes for a mail client that takes no other.
+/// Simple MAPI's calls, loaded at run time: a system need not have them. Messages go through
+/// MAPISendMailW alone: the program's windows need Windows 10, and Windows has that call since 8;
+/// for a mail client that takes bytes only, the system converts the message.
 class SimpleMapi {
   public:
     /// `libraryFile` is a name in the system's folder, or a full path. It is loaded at the first

@@ -17,11 +17,12 @@ constexpr DWORD keptMarks = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE
 // Where the bytes really have to go: the file behind a link.
 std::string targetOf(const std::string& path) {
     const FileHandle opened = openForQueries(path);
-    const DWORD code = GetLastError();
+    DWORD code = GetLastError();
     if (opened.isOpen()) {
         std::wstring target(32768, L'\0');
         const auto size = static_cast<DWORD>(target.size());
         target.resize(GetFinalPathNameByHandleW(opened.get(), target.data(), size, 0));
+        code = GetLastError();
         if (!target.empty()) {
             return fromNativePath(target);
         }

@@ -52,7 +52,8 @@ __declspec(dllexport) ULONG WINAPI
     MAPISendMailW(LHANDLE handle, ULONG_PTR window, const turnpost::MapiMessageW* message,
                   FLAGS flags, ULONG) {
     record("send session=", handle, " window=", window, " flags=", flags,
-           "\nsubject=", fromUtf16(message->lpszSubject), "\ntext=", fromUtf16(message->lpszNoteText));
+           "\nsubject=", fromUtf16(message->lpszSubject),
+           "\ntext=", fromUtf16(message->lpszNoteText));
     for (ULONG i = 0; i < message->nRecipCount; ++i) {
         const turnpost::MapiRecipDescW& recipient = message->lpRecips[i];
         record("recipient class=", recipient.ulRecipClass, " name=", fromUtf16(recipient.lpszName),
