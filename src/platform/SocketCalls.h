@@ -19,11 +19,17 @@ namespace turnpost {
 
 #ifdef _WIN32
 using SocketHandle = SOCKET;
-inline constexpr int addressNotAvailable = WSAEADDRNOTAVAIL;
+using SocketLength = int;
+inline constexpr int addressError = WSAEADDRNOTAVAIL;
+inline constexpr int resetError = WSAECONNRESET;
+inline constexpr int brokenPipeError = WSAESHUTDOWN;
 inline constexpr int noSignal = 0;
 #else
 using SocketHandle = int;
-inline constexpr int addressNotAvailable = EADDRNOTAVAIL;
+using SocketLength = std::size_t;
+inline constexpr int addressError = EADDRNOTAVAIL;
+inline constexpr int resetError = ECONNRESET;
+inline constexpr int brokenPipeError = EPIPE;
 inline constexpr int noSignal = MSG_NOSIGNAL;
 #endif
 

@@ -8,6 +8,11 @@ namespace {
 
 constexpr std::size_t piece = 1 << 16;
 
+// What a system says to sending once the connection has been reset, and has been said to be.
+int known(int error) {
+    return error == brokenPipeError ? resetError : error;
+}
+
 SocketHandle native(std::intptr_t handle) {
     return static_cast<SocketHandle>(handle);
 }
@@ -29,7 +34,7 @@ int SystemSocket::connect(const std::string& address, std::uint16_t port) {
     hints.ai_socktype = SOCK_STREAM;
     addrinfo* target = nullptr;
     if (getaddrinfo(address.c_str(), std::to_string(port).c_str(), &hints, &target) != 0) {
-        return addressNotAvailable;
+        return addressError;
     }
     const auto opened = socket(target->ai_family, SOCK_STREAM, 0);
     int error = lastSocketError();
@@ -46,7 +51,7 @@ int SystemSocket::pendingError() {
     int error = 0;
     socklen_t size = sizeof error;
     getsockopt(native(handle), SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &size);
-    return error;
+    return known(error);
 }
 
 SystemSocket::Transfer SystemSocket::send(std::string_view bytes) {
@@ -54,12 +59,11 @@ SystemSocket::Transfer SystemSocket::send(std::string_view bytes) {
     while (transfer.count < bytes.size()) {
         const std::string_view next = bytes.substr(transfer.count, piece);
         const auto taken =
-            ::send(native(handle), next.data(), static_cast<int>(next.size()), noSignal);
+            ::send(native(handle), next.data(), static_cast<SocketLength>(next.size()), noSignal);
         if (taken < 0) {
             const int error = lastSocketError();
-            transfer.state = isUnderWay(error) ? Transfer::Later : Transfer::Failed;
-            transfer.error = error;
-            break;
+            return isUnderWay(error) ? Transfer{Transfer::Later, transfer.count}
+                                     : Transfer{Transfer::Failed, transfer.count, known(error)};
         }
         transfer.count += static_cast<std::size_t>(taken);
     }
@@ -73,16 +77,20 @@ SystemSocket::Transfer SystemSocket::receive(std::string& bytes) {
         bytes.append(arrived, static_cast<std::size_t>(count));
         return {Transfer::Moved, static_cast<std::size_t>(count)};
     }
-    // A reset that answers what was sent after the other side's end comes to light only here.
-    const int error = count < 0 ? lastSocketError() : pendingError();
+    // A reset, too, is an end of stream when it came after the other side's end, or the system has
+    // told of it before. But then the connection takes nothing any more, not even no bytes.
+    if (count == 0 && (endedSending || ::send(native(handle), nullptr, 0, noSignal) == 0)) {
+        return {Transfer::Ended};
+    }
+    const int error = lastSocketError();
     return isUnderWay(error) ? Transfer{Transfer::Later}
-           : error != 0      ? Transfer{Transfer::Failed, 0, error}
-                             : Transfer{Transfer::Ended};
+                             : Transfer{Transfer::Failed, 0, known(error)};
 }
 
 void SystemSocket::endSending() {
     constexpr int sendingSide = 1; // The systems have different names for it.
     shutdown(native(handle), sendingSide);
+    endedSending = true;
 }
 
 void SystemSocket::wait(bool forRoom, int longest) {

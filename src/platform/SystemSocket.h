@@ -23,9 +23,9 @@ class SystemSocket {
     /// Takes over a socket of the system; a negative one is none. Its bytes go out at once: a small
     /// message that waits for more to join it would wait for a delayed acknowledgement, too.
     explicit SystemSocket(std::intptr_t opened);
-    SystemSocket(SystemSocket&& other) noexcept : handle(std::exchange(other.handle, -1)) {}
     SystemSocket& operator=(SystemSocket&& other) noexcept {
         std::swap(handle, other.handle);
+        std::swap(endedSending, other.endedSending);
         return *this;
     }
     ~SystemSocket() { close(); }
@@ -58,6 +58,7 @@ class SystemSocket {
 
   private:
     std::intptr_t handle = -1;
+    bool endedSending = false;
 };
 
 /// The well-known Winsock number of an error, the same on every system.

@@ -13,9 +13,9 @@ namespace {
 const std::pair<int, int> numbers[] = {
     {EACCES, 10013},       {EPERM, 10013},        {EINVAL, 10022},        {EMFILE, 10024},
     {EAFNOSUPPORT, 10047}, {EADDRINUSE, 10048},   {EADDRNOTAVAIL, 10049}, {ENETDOWN, 10050},
-    {ENETUNREACH, 10051},  {ECONNABORTED, 10053}, {ECONNRESET, 10054},    {EPIPE, 10054},
-    {ENOBUFS, 10055},      {ENOMEM, 10055},       {ENFILE, 10055},        {ETIMEDOUT, 10060},
-    {ECONNREFUSED, 10061}, {EHOSTUNREACH, 10065}};
+    {ENETUNREACH, 10051},  {ECONNABORTED, 10053}, {ECONNRESET, 10054},    {ENOBUFS, 10055},
+    {ENOMEM, 10055},       {ENFILE, 10055},       {ETIMEDOUT, 10060},     {ECONNREFUSED, 10061},
+    {EHOSTUNREACH, 10065}};
 
 } // namespace
 
@@ -49,9 +49,8 @@ int winsockNumber(int error) {
     return 10050;
 }
 
-// A reset counts as a broken pipe once the server has ended its sending.
 std::string socketErrorText(int error) {
-    return std::generic_category().message(error == EPIPE ? ECONNRESET : error);
+    return std::generic_category().message(error);
 }
 
 } // namespace turnpost

@@ -12,6 +12,9 @@ namespace {
 using Transfer = SystemSocket::Transfer;
 
 constexpr std::chrono::minutes longestStillness{1};
+// On Windows the event loop takes notifiers on late, and drops them for a moment with each event.
+// What breaks the connection meanwhile is not told by all versions.
+constexpr std::chrono::milliseconds secondLook{100};
 constexpr int farewellAtProgramEnd = 100; // milliseconds
 
 constexpr int connectionReset = 10054;
@@ -24,8 +27,7 @@ TcpConnection::TcpConnection(const std::string& host, std::uint16_t serverPort,
     : QObject(parent), events(socketEvents), port(serverPort) {
     connect(&readable, &QSocketNotifier::activated, this, &TcpConnection::receive);
     connect(&writable, &QSocketNotifier::activated, this, &TcpConnection::onWritable);
-    stillness.setInterval(longestStillness);
-    connect(&stillness, &QTimer::timeout, this, [this] { end(0); });
+    connect(&timer, &QTimer::timeout, this, &TcpConnection::lookAgain);
     QHostAddress address;
     if (address.setAddress(toQt(host))) {
         // The toolkit would ask for the name of the address first, and wait where nobody answers.
@@ -63,6 +65,7 @@ void TcpConnection::tryNextAddress(int error) {
             readable.setSocket(system.descriptor());
             writable.setSocket(system.descriptor());
             writable.setEnabled(true);
+            timer.start(secondLook);
             return;
         }
     }
@@ -70,18 +73,31 @@ void TcpConnection::tryNextAddress(int error) {
 }
 
 void TcpConnection::onWritable() {
-    writable.setEnabled(false);
-    if (state != State::Connecting) {
+    if (state == State::Connecting) {
+        finishConnect(system.pendingError());
+    } else {
         sendQueued();
-        return;
     }
-    const int error = system.pendingError();
+}
+
+void TcpConnection::lookAgain() {
+    if (state != State::Connecting) {
+        receive();
+        if (state == State::Closing && silence() > longestStillness) {
+            end(0);
+        }
+    } else if (const int error = system.pendingError(); error != 0) {
+        finishConnect(error);
+    }
+}
+
+void TcpConnection::finishConnect(int error) {
+    writable.setEnabled(false);
     if (error != 0 && winsockNumber(error) != connectionReset) {
         tryNextAddress(error);
         return;
     }
-    // A reset that has followed so soon comes after what the server has said before it.
-    failure = error;
+    // A reset that has followed so soon shows again after what the server has said before it.
     state = State::Connected;
     readable.setEnabled(true);
 }
@@ -98,20 +114,11 @@ void TcpConnection::sendQueued() {
     const auto transfer = system.send(std::string_view(outgoing).substr(sent));
     sent += transfer.count;
     if (transfer.count > 0 && state == State::Closing) {
-        stillness.start();
+        lastHeard = std::chrono::steady_clock::now();
     }
     if (transfer.state == Transfer::Failed) {
         failure = transfer.error;
         sent = outgoing.size();
-        // What has arrived before comes first.
-        QMetaObject::invokeMethod(
-            this,
-            [this] {
-                while (system.isOpen()) {
-                    receive();
-                }
-            },
-            Qt::QueuedConnection);
     }
     if (sent == outgoing.size()) {
         outgoing.clear();
@@ -132,7 +139,7 @@ void TcpConnection::receive() {
         }
     } else if (state == State::Closing) {
         incoming.clear();
-        stillness.start();
+        lastHeard = std::chrono::steady_clock::now();
     } else {
         lastHeard = std::chrono::steady_clock::now();
         QMetaObject::invokeMethod(
@@ -149,6 +156,7 @@ void TcpConnection::receive() {
 void TcpConnection::end(int error) {
     readable.setEnabled(false);
     writable.setEnabled(false);
+    timer.stop();
     system.close();
     if (std::exchange(state, State::Ended) == State::Closing) {
         deleteLater();
@@ -177,7 +185,7 @@ void TcpConnection::leave(Queue queue) {
         return;
     }
     state = State::Closing;
-    stillness.start();
+    lastHeard = std::chrono::steady_clock::now();
     if (queue == Queue::Dropped) {
         outgoing.clear();
         sent = 0;

@@ -47,6 +47,8 @@ class TcpConnection final : public QObject {
 
     void tryNextAddress(int error);
     void onWritable();
+    void lookAgain();
+    void finishConnect(int error);
     void sendQueued();
     void receive();
     void end(int error);
@@ -59,7 +61,8 @@ class TcpConnection final : public QObject {
     SystemSocket system;
     QSocketNotifier readable{QSocketNotifier::Read, this};
     QSocketNotifier writable{QSocketNotifier::Write, this};
-    QTimer stillness{this};
+    QTimer timer{this};
+    // When the server was heard last; once closing, when a byte moved last.
     std::chrono::steady_clock::time_point lastHeard = std::chrono::steady_clock::now();
     std::string incoming;
     std::string outgoing;
