@@ -93,11 +93,11 @@ void SystemSocket::endSending() {
     endedSending = true;
 }
 
-void SystemSocket::wait(bool forRoom, int longest) {
+bool SystemSocket::wait(bool forRoom, int longest) {
     pollfd polled{};
     polled.fd = native(handle);
     polled.events = static_cast<short>(forRoom ? POLLIN | POLLOUT : POLLIN);
-    pollSocket(polled, longest);
+    return pollSocket(polled, longest) > 0;
 }
 
 void SystemSocket::close() {

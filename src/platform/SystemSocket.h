@@ -50,9 +50,10 @@ class SystemSocket {
     /// Ends the sending side in good order; reading goes on.
     void endSending();
 
-    /// Waits until there is something to receive, the other side's end included, or room for
-    /// sending if so wanted; no longer than this many milliseconds.
-    void wait(bool forRoom, int longest);
+    /// Waits until there is something to receive, the other side's end and a broken connection
+    /// included, or room for sending if so wanted; no longer than this many milliseconds. True when
+    /// there is.
+    bool wait(bool forRoom, int longest);
 
     void close();
 

@@ -26,7 +26,9 @@ class TempFolder {
     }
 
     std::string path() const { return fromNativePath(folder); }
-    std::string path(const std::string& name) const { return joinPath(path(), name); }
+    std::string path(const std::string& name) const {
+        return fromNativePath(toNativePath(joinPath(path(), name)).make_preferred());
+    }
 
     void makeFolder(const std::string& name) const {
         std::filesystem::create_directories(toNativePath(path(name)));

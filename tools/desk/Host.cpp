@@ -14,6 +14,23 @@
 
 namespace turnpost::desk {
 
+namespace {
+
+QStringList partsOf(const QString& folder) {
+    std::filesystem::path path = toNativePath(folder.toStdString());
+    path.make_preferred();
+    QStringList parts;
+    if (path.has_root_path()) {
+        parts += QString::fromStdString(fromNativePath(path.root_path()));
+    }
+    for (const auto& part : path.relative_path()) {
+        parts += QString::fromStdString(fromNativePath(part));
+    }
+    return parts;
+}
+
+} // namespace
+
 Host::Host(const std::string& folder, const Application::MailSystemMaker& makeMail)
     : programFolder(folder.empty() ? temporary.path().toStdString() : folder),
       program({programFolder, programFolder}, makeMail) {}
@@ -72,9 +89,8 @@ void Host::selectFile(QWidget& picker, const QString& folder, const QString& fil
     QWidget* files = findControl<QListView>(picker, "File1")->viewport();
     // From the root down; an empty folder has no parts.
     int depth = 0;
-    for (const QString& name :
-         folder.split('/', folder.isEmpty() ? Qt::SkipEmptyParts : Qt::KeepEmptyParts)) {
-        const QPoint line = lineOf("Dir1", depth == 0 ? "/" : name, depth);
+    for (const QString& name : partsOf(folder)) {
+        const QPoint line = lineOf("Dir1", name, depth);
         QTest::mouseClick(folders, Qt::LeftButton, {}, line);
         QTest::mouseDClick(folders, Qt::LeftButton, {}, line);
         ++depth;

@@ -82,11 +82,16 @@ void TcpConnection::onWritable() {
 
 void TcpConnection::lookAgain() {
     if (state != State::Connecting) {
-        receive();
+        if (readable.isEnabled()) {
+            receive();
+        }
         if (state == State::Closing && silence() > longestStillness) {
             end(0);
         }
-    } else if (const int error = system.pendingError(); error != 0) {
+        return;
+    }
+    const bool ready = system.wait(true, 0);
+    if (const int error = system.pendingError(); ready || error != 0) {
         finishConnect(error);
     }
 }
@@ -142,10 +147,13 @@ void TcpConnection::receive() {
         lastHeard = std::chrono::steady_clock::now();
     } else {
         lastHeard = std::chrono::steady_clock::now();
+        // One event for each arrival; the system keeps the rest meanwhile.
+        readable.setEnabled(false);
         QMetaObject::invokeMethod(
             this,
             [this] {
-                if (events != nullptr && !incoming.empty()) {
+                readable.setEnabled(system.isOpen());
+                if (events != nullptr) {
                     events->DataArrival();
                 }
             },

@@ -77,8 +77,13 @@ TEST_F(DesktopProgram, OnlyTheFirstPressOfADoubleClickSendsButADeliberateSecondO
 
 TEST_F(DesktopProgram, HasItsFoldersWhereTheProgramAndThePersonsConfigurationAre) {
     const ProgramFolders own = Desktop::ownFolders();
-    EXPECT_EQ(own.program, QCoreApplication::applicationDirPath().toStdString());
+    const QString program = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
+    EXPECT_EQ(own.program, program.toStdString());
+#ifdef _WIN32
+    EXPECT_TRUE(own.configuration.ends_with("\\AppData\\Roaming\\Nimbus Turnpost"));
+#else
     EXPECT_TRUE(own.configuration.ends_with("/nimbus-turnpost")) << own.configuration;
+#endif
 }
 
 } // namespace turnpost::desk

@@ -67,7 +67,7 @@ class Dialogs : public WindowTest {
     // or, without one, by its close box, which must not write anything.
     void visit(const QString& dialog, QString shown, const QStringList& deeds, const QString& end) {
         const std::string before = folder.read("TURNPOST.INI");
-        shown.replace("%", QString::fromStdString(folder.path()));
+        shown.replace("%/", QString::fromStdString(folder.path("")));
         in(dialog.section(' ', 0, 0), dialog.section(' ', 1), [&](QWidget& form) {
             EXPECT_EQ(shownBy(form), shown.toStdString());
             for (const QString& deed : deeds) {

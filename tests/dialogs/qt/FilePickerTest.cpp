@@ -14,7 +14,7 @@ namespace turnpost::desk {
 
 namespace {
 
-const char* const markup = "<b>a name that is too long for the list & looks like markup.hst";
+const char* const markup = "&lt;a name that is too long for the list & looks like markup.hst";
 
 QStringList shown(QWidget& form, const char* list) {
     const auto* model = findControl<QListView>(form, list)->model();
@@ -42,6 +42,15 @@ class Picker : public WindowTest {
         folder.write("README", "no game");
         host().startGame("localhost", {{1, 10}});
     }
+
+    // Of the program's folder.
+    std::string drive() const {
+#ifdef _WIN32
+        return folder.path().substr(0, 3);
+#else
+        return folder.path();
+#endif
+    }
 };
 
 TEST_F(Picker, ListsMatchingFilesOfAnyCaseInTheProgramsDriveAndLoadsOnlyASelectedOne) {
@@ -50,8 +59,7 @@ TEST_F(Picker, ListsMatchingFilesOfAnyCaseInTheProgramsDriveAndLoadsOnlyASelecte
                   "Find Stars! Host File (*.HST)");
         EXPECT_EQ(shown(form, "File1"), (QStringList{markup, "GAME.HST", "other.hst", ".HST"}));
         EXPECT_TRUE(findControl<QCheckBox>(form, "LoadDef")->isHidden());
-        EXPECT_EQ(findControl<QComboBox>(form, "Drive1")->currentText().toStdString(),
-                  folder.path());
+        EXPECT_EQ(findControl<QComboBox>(form, "Drive1")->currentText().toStdString(), drive());
         auto* files = findControl<QListView>(form, "File1");
         QTest::keyClick(files, Qt::Key_Return);
         EXPECT_FALSE(canLoad(form));
@@ -59,7 +67,7 @@ TEST_F(Picker, ListsMatchingFilesOfAnyCaseInTheProgramsDriveAndLoadsOnlyASelecte
         const QPoint first = files->visualRect(files->model()->index(0, 0)).center();
         QHelpEvent tip(QEvent::ToolTip, first, files->viewport()->mapToGlobal(first));
         QApplication::sendEvent(files->viewport(), &tip);
-        EXPECT_TRUE(QToolTip::text().contains("&lt;b&gt;a name")) << QToolTip::text().toStdString();
+        EXPECT_TRUE(QToolTip::text().contains("&amp;lt;a name")) << QToolTip::text().toStdString();
         host().selectFile(form, {}, "other.hst");
         EXPECT_TRUE(canLoad(form));
         QTest::mouseDClick(files->viewport(), Qt::LeftButton, {},
@@ -79,10 +87,14 @@ TEST_F(Picker, ChoosingAFolderOrADriveMakesLoadUnavailableAndTheCloseBoxChangesN
         auto* drives = findControl<QComboBox>(form, "Drive1");
         emit drives->activated(1);
         EXPECT_FALSE(canLoad(form));
+#ifndef _WIN32
         EXPECT_EQ(shown(form, "Dir1").back(), drives->itemText(1).section('/', -1));
         std::filesystem::remove(folder.path("home"));
         emit drives->activated(1);
         EXPECT_EQ(shown(form, "File1") + shown(form, "Dir1"), QStringList()) << "a drive is gone";
+#else
+        EXPECT_EQ(shown(form, "Dir1").front(), drives->itemText(1));
+#endif
         form.close();
     });
     EXPECT_EQ(values().game.HostFileName, "GAME.HST");

@@ -34,7 +34,7 @@ class MainWindow : public WindowTest {
 };
 
 TEST_F(MainWindow, FindGameShowsTheRowsOfItsPlayersAndTypingReachesTheModelAtOnce) {
-    EXPECT_EQ(host().textOf("txtGamePath").toStdString(), folder.path() + "/");
+    EXPECT_EQ(host().textOf("txtGamePath").toStdString(), folder.path(""));
     EXPECT_EQ(findControl<QLineEdit>(window(), "txtGamePath")->cursorPosition(), 0);
     EXPECT_EQ(findControl<QLabel>(window(), "txtYear")->text(), "2405");
     for (int row = 0; row < rowCount; ++row) {
