@@ -1,13 +1,16 @@
-# Mail clients that record what they get; two of them lack calls.
-foreach(name RecordingProvider WithoutUtf16 WithoutSending)
-  add_library(${name} MODULE mapi/windows/RecordingProvider.cpp)
-  set_target_properties(${name} PROPERTIES PREFIX "")
-endforeach()
-target_compile_definitions(WithoutUtf16 PRIVATE WITHOUT_UTF16)
-target_compile_definitions(WithoutSending PRIVATE WITHOUT_SENDING)
+# A mail client that records what it gets.
+add_library(RecordingProvider MODULE mapi/windows/RecordingProvider.cpp)
+set_target_properties(RecordingProvider PROPERTIES PREFIX "")
+target_link_libraries(RecordingProvider PRIVATE turnpost_mapi)
 
 add_executable(test_mapi_windows mapi/windows/SimpleMapiTest.cpp)
 target_include_directories(test_mapi_windows PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
-target_link_libraries(test_mapi_windows PRIVATE turnpost_mapi GTest::gtest_main)
-add_dependencies(test_mapi_windows RecordingProvider WithoutUtf16 WithoutSending)
+target_link_libraries(test_mapi_windows PRIVATE turnpost_app GTest::gtest_main)
+add_dependencies(test_mapi_windows RecordingProvider)
 turnpost_add_tests(test_mapi_windows)
+
+# What depends on the system's code page, where that is UTF-8.
+enable_language(RC)
+add_executable(test_platform_utf8 $<TARGET_OBJECTS:test_platform> platform/windows/utf8.rc)
+target_link_libraries(test_platform_utf8 PRIVATE turnpost_platform GTest::gtest_main)
+turnpost_add_tests(test_platform_utf8)

@@ -42,7 +42,8 @@ void Application::newGame() {
     windows.showValues();
 }
 
-// Both ways of sending walk the rows with the same cursor.
+// Both ways of sending walk the rows with the same cursor. A mail client may run a message loop of
+// its own inside any of its calls, and so let every button be pressed.
 void Application::butSend_Click() {
     if (delivery.isDelivering()) {
         windows.show(messages::sendInProgress());
@@ -51,13 +52,19 @@ void Application::butSend_Click() {
     driver.butSend_Click();
 }
 
-void Application::sendByMailSystem() {
+void Application::butSend2_Click() {
+    if (!delivery.isDelivering()) {
+        driver.butSend2_Click();
+    }
+}
+
+void Application::sendByMailSystem(std::uintptr_t parentWindow) {
     if (delivery.isDelivering() || driver.isSending()) {
         windows.show(messages::sendInProgress());
         return;
     }
     driver.abandon();
-    delivery.deliver();
+    delivery.deliver(parentWindow);
 }
 
 void Application::storeEmailSettings(const std::string& hostName, const std::string& hostEmail,

@@ -10,6 +10,7 @@
 #include "storage/SettingsFile.h"
 
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -53,10 +54,11 @@ class Application {
     void loadStoredGame(int slot);
     void configureStoredGames();
 
-    // Sending.
-    void sendByMailSystem();
+    // Sending: while one way is under way, the other is refused. `parentWindow` is the main
+    // window's number in the window system.
+    void sendByMailSystem(std::uintptr_t parentWindow = 0);
     void butSend_Click();
-    void butSend2_Click() { driver.butSend2_Click(); }
+    void butSend2_Click();
 
     // Dialogs.
     void editEmailSettings() { windows.openEmailSettings(); }

@@ -5,7 +5,6 @@
 #include "platform/Files.h"
 #include "platform/Messages.h"
 
-#include <filesystem>
 #include <stdexcept>
 #include <vector>
 
@@ -90,13 +89,12 @@ class RowRules {
             refuse(notFound);
             return;
         }
-        std::error_code error;
-        const std::uintmax_t size = std::filesystem::file_size(toNativePath(*found), error);
-        if (error || !isReadable(path)) {
+        const auto size = fileSize(*found);
+        if (!size || !isReadable(path)) {
             refuse(unreadable);
             return;
         }
-        foundBytes += size;
+        foundBytes += *size;
         files.push_back({path, unreadable});
     }
 

@@ -1,8 +1,8 @@
 #include "dialogs/FolderList.h"
 
 #include "dialogs/FilePicker.h"
-#include "dialogs/FolderEntries.h"
 #include "platform/Files.h"
+#include "platform/FolderEntries.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
 
@@ -20,7 +20,7 @@ fs::path wholePath(const std::string& folder) {
         return {};
     }
     std::error_code error;
-    fs::path path = fs::absolute(toNativePath(folder), error);
+    fs::path path = fs::absolute(pathParts(folder), error);
     // Behind a link, the way up is not the name before.
     const bool climbs = std::find(path.begin(), path.end(), "..") != path.end();
     path = climbs ? fs::canonical(path, error) : path.lexically_normal();
@@ -59,7 +59,7 @@ bool comesBefore(const Sorted& a, const Sorted& b) {
 }
 
 std::optional<FolderList> listWholePath(const fs::path& folder, const std::string& pattern) {
-    const auto entries = folderEntries(folder);
+    const auto entries = folderEntries(fromNativePath(folder));
     FolderList list;
     list.lines = linesDownTo(folder);
     if (!entries || list.lines.empty()) {

@@ -11,12 +11,13 @@ MailDelivery::MailDelivery(const DispatchInputs& dispatchInputs, SendReport& sen
     : inputs(dispatchInputs), report(sendReport), state(sendState), session(mailSession),
       mail(mailMessages), display(sendDisplay), box(messageBox) {}
 
-void MailDelivery::deliver() {
+void MailDelivery::deliver(std::uintptr_t parentWindow) {
     if (inputs.game.GamePath.empty()) {
         box.show(messages::invalidGamePath());
         return;
     }
     delivering = true;
+    session.ParentWindow(parentWindow);
     if (signOn()) {
         mail.SessionID(session.SessionID());
         // As they stand now: a mail client may let the host change the game meanwhile.
@@ -28,7 +29,8 @@ void MailDelivery::deliver() {
         }
         session.SignOff();
     } else {
-        box.show(messages::noMailSystem());
+        const std::string refusal = session.Refusal();
+        box.show(refusal.empty() ? messages::noMailSystem() : messages::mapiError(refusal));
     }
     display.openReport();
     delivering = false;

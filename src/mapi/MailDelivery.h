@@ -22,10 +22,11 @@ class MailDelivery {
                  MailSession& mailSession, MailMessages& mailMessages, SendDisplay& sendDisplay,
                  MessageBox& messageBox);
 
-    /// Without a game folder, or without a mail system, a message box says so. In the second case,
-    /// and always otherwise, the report follows. A row whose message the mail system does not take
-    /// gets "MAPI Error: " and the mail system's words, and the next row follows.
-    void deliver();
+    /// Without a game folder, without a mail system, or when it refuses the session, a message box
+    /// says so. But for the first case the report follows. A row whose message the mail system does
+    /// not take gets "MAPI Error: " and the mail system's words, and the next row follows.
+    /// `parentWindow`: see MailSession::ParentWindow.
+    void deliver(std::uintptr_t parentWindow = 0);
 
     /// True until deliver returns. A mail client may let the person press buttons meanwhile.
     bool isDelivering() const { return delivering; }

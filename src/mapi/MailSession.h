@@ -1,11 +1,12 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace turnpost {
 
 /// A session with the desktop's mail system, with the members of the Simple MAPI session component.
-/// No member shows a window to the person.
+/// No member shows a window to the person, but a mail client may show one of its own.
 class MailSession {
   public:
     virtual ~MailSession() = default;
@@ -19,11 +20,16 @@ class MailSession {
     /// Empty texts stand for the mail system's default profile.
     virtual void UserName(const std::string& name) = 0;
     virtual void Password(const std::string& password) = 0;
+    /// The window that whatever the mail system asks belongs to, by its number in the window
+    /// system; 0 for none. Ignored where a mail system asks nothing.
+    virtual void ParentWindow(std::uintptr_t) {}
 
     /// Opens the session; SessionID tells whether it worked.
     virtual void SignOn() = 0;
     /// The open session's identifier; 0 means no session: there is no mail system, or it refused.
     virtual long SessionID() const = 0;
+    /// Why the mail system refused the last SignOn, in words; empty when there is none.
+    virtual std::string Refusal() const { return {}; }
     /// Closes the session.
     virtual void SignOff() = 0;
 };

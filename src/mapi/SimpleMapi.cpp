@@ -26,15 +26,6 @@ bool isMailClientSetUp() {
     return false;
 }
 
-template <typename Call, typename Message>
-ULONG submit(Call call, const std::map<long, LHANDLE>& handles, long session, Message& message) {
-    const auto handle = handles.find(session);
-    if (handle == handles.end()) {
-        return MAPI_E_INVALID_SESSION;
-    }
-    return call == nullptr ? MAPI_E_NOT_SUPPORTED : call(handle->second, 0, &message, 0, 0);
-}
-
 } // namespace
 
 bool SimpleMapi::load() {
@@ -47,40 +38,38 @@ bool SimpleMapi::load() {
     }
     find(logonCall, library, "MAPILogon");
     find(logoffCall, library, "MAPILogoff");
-    find(sendMailCall, library, "MAPISendMail");
-    find(sendMailWCall, library, "MAPISendMailW");
-    return logonCall != nullptr && logoffCall != nullptr &&
-           (sendMailCall != nullptr || sendMailWCall != nullptr);
+    find(sendMailCall, library, "MAPISendMailW");
+    return logonCall != nullptr && logoffCall != nullptr && sendMailCall != nullptr;
 }
 
-long SimpleMapi::logon(const std::string& profile, const std::string& password, FLAGS flags) {
+SimpleMapi::Logon SimpleMapi::logon(const std::string& profile, const std::string& password,
+                                    FLAGS flags) {
     if (!isMailClientSetUp() || !load()) {
-        return 0;
+        return {};
     }
     std::string profileBytes = toFileBytes(profile);
     std::string passwordBytes = toFileBytes(password);
     LHANDLE handle = lhSessionNull;
-    const ULONG code = logonCall(0, profileBytes.data(), passwordBytes.data(), flags, 0, &handle);
+    const ULONG code =
+        logonCall(parentWindow, profileBytes.data(), passwordBytes.data(), flags, 0, &handle);
     if (code != SUCCESS_SUCCESS || handle == lhSessionNull) {
-        return 0;
+        return {0, code == SUCCESS_SUCCESS ? MAPI_E_FAILURE : code};
     }
     handles[++lastSession] = handle;
-    return lastSession;
+    return {lastSession, std::nullopt};
 }
 
 void SimpleMapi::logoff(long session) {
     if (const auto handle = handles.find(session); handle != handles.end()) {
-        logoffCall(handle->second, 0, 0, 0);
+        logoffCall(handle->second, parentWindow, 0, 0);
         handles.erase(handle);
     }
 }
 
-ULONG SimpleMapi::sendMail(long session, MapiMessage& message) const {
-    return submit(sendMailCall, handles, session, message);
-}
-
 ULONG SimpleMapi::sendMail(long session, MapiMessageW& message) const {
-    return submit(sendMailWCall, handles, session, message);
+    const auto handle = handles.find(session);
+    return handle == handles.end() ? MAPI_E_INVALID_SESSION
+                                   : sendMailCall(handle->second, parentWindow, &message, 0, 0);
 }
 
 } // namespace turnpost

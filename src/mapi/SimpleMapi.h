@@ -4,7 +4,9 @@
 
 #include <mapi.h>
 
+#include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 
 namespace turnpost {
@@ -44,7 +46,9 @@ struct MapiMessageW {
     MapiFileDescW* lpFiles;
 };
 
-/// Simple MAPI's calls, loaded at run time: a system need not have them.
+/// Simple MAPI's calls, loaded at run time: a system need not have them. Messages go through
+/// MAPISendMailW alone: the program's windows need Windows 10, and Windows has that call since 8;
+/// for a mail client that takes bytes only, the system converts the message.
 class SimpleMapi {
   public:
     /// `libraryFile` is a name in the system's folder, or a full path. It is loaded at the first
@@ -54,21 +58,26 @@ class SimpleMapi {
     SimpleMapi(const SimpleMapi&) = delete;
     SimpleMapi& operator=(const SimpleMapi&) = delete;
 
-    /// Opens a session; profile and password are UTF-8. Gives its identifier, counted from 1, or 0
-    /// when no mail client is set up, the library or one of its calls is missing, or the mail
-    /// client refuses.
-    long logon(const std::string& profile, const std::string& password, FLAGS flags);
+    struct Logon {
+        /// The session's identifier, counted from 1; 0 for none.
+        long session = 0;
+        /// The MAPI_E code with which the mail client has refused; nothing when there is none: no
+        /// mail client is set up, or the library or one of its calls is missing.
+        std::optional<ULONG> refusal;
+    };
+
+    /// Opens a session; profile and password are UTF-8.
+    Logon logon(const std::string& profile, const std::string& password, FLAGS flags);
 
     /// Closes the session; does nothing when it is not open.
     void logoff(long session);
 
-    /// True when there is a call that takes UTF-16. Known after the first logon.
-    bool takesUtf16() const { return sendMailWCall != nullptr; }
-
     /// Submits the message without a dialog. Gives SUCCESS_SUCCESS or a MAPI_E code, that of an
     /// invalid session when the session is not open.
-    ULONG sendMail(long session, MapiMessage& message) const;
     ULONG sendMail(long session, MapiMessageW& message) const;
+
+    /// The window that whatever the mail client shows belongs to; 0 for none.
+    void setParentWindow(std::uintptr_t window) { parentWindow = window; }
 
   private:
     using SendMailW = ULONG(WINAPI*)(LHANDLE, ULONG_PTR, MapiMessageW*, FLAGS, ULONG);
@@ -79,8 +88,8 @@ class SimpleMapi {
     HMODULE library = nullptr;
     LPMAPILOGON logonCall = nullptr;
     LPMAPILOGOFF logoffCall = nullptr;
-    LPMAPISENDMAIL sendMailCall = nullptr;
-    SendMailW sendMailWCall = nullptr;
+    SendMailW sendMailCall = nullptr;
+    std::uintptr_t parentWindow = 0;
     // Identifiers are of our own making: a handle may be wider than they are.
     std::map<long, LHANDLE> handles;
     long lastSession = 0;

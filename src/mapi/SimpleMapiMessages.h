@@ -7,10 +7,9 @@
 
 namespace turnpost {
 
-/// Submits messages through Simple MAPI: as UTF-16 where there is a call for it, else as bytes of
-/// the system's code page, a character that has none as "?". Names and texts go out as they are,
-/// paths with the system's separator. An address gets the type "SMTP:" in front, which the form of
-/// Simple MAPI's addresses asks for, unless it names a type itself ("FAX:...").
+/// Submits messages through Simple MAPI. Names and texts go out as they are, paths with the
+/// system's separator. An address gets the type "SMTP:" in front, which the form of Simple MAPI's
+/// addresses asks for, unless it names a type itself ("FAX:...").
 class SimpleMapiMessages final : public ComposedMessage {
   public:
     explicit SimpleMapiMessages(std::shared_ptr<SimpleMapi> simpleMapi)
@@ -19,8 +18,6 @@ class SimpleMapiMessages final : public ComposedMessage {
     std::optional<std::string> Send() override;
 
   private:
-    template <typename Encoding> ULONG submit() const;
-
     std::shared_ptr<SimpleMapi> mapi;
 };
 

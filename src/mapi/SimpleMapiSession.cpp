@@ -1,10 +1,14 @@
 #include "mapi/SimpleMapiSession.h"
 
+#include "platform/Messages.h"
+
 namespace turnpost {
 
 void SimpleMapiSession::SignOn() {
     SignOff();
-    session = mapi->logon(profile, password, flags);
+    const SimpleMapi::Logon logon = mapi->logon(profile, password, flags);
+    session = logon.session;
+    refusal = logon.refusal ? messages::simpleMapiFailure(*logon.refusal) : "";
 }
 
 void SimpleMapiSession::SignOff() {

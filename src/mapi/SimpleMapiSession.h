@@ -22,8 +22,10 @@ class SimpleMapiSession final : public MailSession {
     void DownLoadMail(bool wanted) override { set(MAPI_FORCE_DOWNLOAD, wanted); }
     void UserName(const std::string& name) override { profile = name; }
     void Password(const std::string& text) override { password = text; }
+    void ParentWindow(std::uintptr_t window) override { mapi->setParentWindow(window); }
     void SignOn() override;
     long SessionID() const override { return session; }
+    std::string Refusal() const override { return refusal; }
     void SignOff() override;
 
   private:
@@ -33,6 +35,7 @@ class SimpleMapiSession final : public MailSession {
     FLAGS flags = 0;
     std::string profile;
     std::string password;
+    std::string refusal;
     long session = 0;
 };
 

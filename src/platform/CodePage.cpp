@@ -122,4 +122,17 @@ std::string toWindows1252(std::string_view text) {
     return bytes;
 }
 
+std::string fromFileBytes(std::string_view bytes) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (!isUtf8(bytes)) {
+        return fromSystemBytes(bytes);
+    }
+    return std::string(bytes.starts_with(byteOrderMark) ? bytes.substr(byteOrderMark.size())
+                                                        : bytes);
+}
+
+std::string fromWireBytes(std::string_view bytes) {
+    return isUtf8(bytes) ? std::string(bytes) : fromSystemBytes(bytes);
+}
+
 } // namespace turnpost

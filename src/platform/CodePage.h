@@ -25,26 +25,33 @@ std::string fromWindows1252(std::string_view bytes);
 /// UTF-8 as Windows-1252; a character that has none becomes "?".
 std::string toWindows1252(std::string_view text);
 
-/// Bytes of one of the program's own files: the system's code page on Windows; elsewhere UTF-8, or
-/// Windows-1252 where they are no UTF-8 (a file brought over from Windows).
+/// Bytes of one of the program's own files: UTF-8, without its byte order mark, where they are well
+/// formed, as in a game saved on another system; else the system's code page. Texts that are
+/// written in a code page and happen to look like UTF-8 are read as other ones: whoever writes has
+/// to read back to know.
 std::string fromFileBytes(std::string_view bytes);
 
-/// The inverse: the system's code page on Windows, UTF-8 elsewhere.
+/// What is written: the system's code page on Windows, UTF-8 elsewhere; a character that has no
+/// bytes becomes "?".
 std::string toFileBytes(std::string_view text);
 
-/// Single bytes for the wire: the Windows code page there, Windows-1252 elsewhere; a character that
-/// has none goes out as "?".
+/// Bytes for the wire: the Windows code page there, Windows-1252 elsewhere; a character that has
+/// none goes out as "?".
 std::string toWireBytes(std::string_view text);
 
-/// What a server said: UTF-8 where it is well formed, else the single-byte code page of the wire.
+/// What a server said: UTF-8 where it is well formed, else the system's code page.
 std::string fromWireBytes(std::string_view bytes);
+
+/// Bytes that are no UTF-8: the system's code page on Windows; Windows-1252 elsewhere (a file
+/// brought over from there), and where UTF-8 is that code page.
+std::string fromSystemBytes(std::string_view bytes);
 
 #ifdef _WIN32
 /// UTF-16 for the system's calls; bytes that are no UTF-8 become U+FFFD.
 std::wstring toUtf16(std::string_view text);
 
-/// The system's UTF-16 as UTF-8.
-std::string fromUtf16(const std::wstring& wide);
+/// The inverse; half a surrogate pair becomes U+FFFD.
+std::string fromUtf16(std::wstring_view text);
 #endif
 
 } // namespace turnpost

@@ -6,6 +6,9 @@ namespace turnpost {
 
 namespace {
 
+// The number of GB 18030, which has no name.
+constexpr UINT chineseUnicode = 54936;
+
 std::wstring toWide(UINT codePage, std::string_view bytes) {
     const int size = static_cast<int>(bytes.size());
     std::wstring wide(
@@ -16,9 +19,11 @@ std::wstring toWide(UINT codePage, std::string_view bytes) {
     return wide;
 }
 
-std::string toBytes(UINT codePage, const std::wstring& wide) {
-    // Best-fit characters would change a name silently; "?" can be seen.
-    const DWORD flags = codePage == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
+std::string toBytes(UINT codePage, std::wstring_view wide) {
+    // Best-fit characters would change a name silently; "?" can be seen. Code pages that hold every
+    // character refuse the call with this flag.
+    const bool holdsAll = codePage == CP_UTF8 || codePage == chineseUnicode;
+    const DWORD flags = holdsAll ? 0 : WC_NO_BEST_FIT_CHARS;
     const int size = static_cast<int>(wide.size());
     std::string bytes(static_cast<size_t>(WideCharToMultiByte(codePage, flags, wide.data(), size,
                                                               nullptr, 0, nullptr, nullptr)),
@@ -30,28 +35,25 @@ std::string toBytes(UINT codePage, const std::wstring& wide) {
 
 } // namespace
 
-std::string fromFileBytes(std::string_view bytes) {
-    return toBytes(CP_UTF8, toWide(CP_ACP, bytes));
+std::string fromSystemBytes(std::string_view bytes) {
+    // With UTF-8 as the system's code page, these are of a time or a system with another one.
+    return GetACP() == CP_UTF8 ? fromWindows1252(bytes) : fromUtf16(toWide(GetACP(), bytes));
 }
 
 std::string toFileBytes(std::string_view text) {
-    return toBytes(CP_ACP, toWide(CP_UTF8, text));
+    return toBytes(GetACP(), toUtf16(text));
 }
 
 std::string toWireBytes(std::string_view text) {
     return toFileBytes(text);
 }
 
-std::string fromWireBytes(std::string_view bytes) {
-    return isUtf8(bytes) ? std::string(bytes) : fromFileBytes(bytes);
-}
-
 std::wstring toUtf16(std::string_view text) {
     return toWide(CP_UTF8, text);
 }
 
-std::string fromUtf16(const std::wstring& wide) {
-    return toBytes(CP_UTF8, wide);
+std::string fromUtf16(std::wstring_view text) {
+    return toBytes(CP_UTF8, text);
 }
 
 } // namespace turnpost

@@ -1,9 +1,8 @@
-#include "platform/FileError.h"
+#include "platform/FileHandle.h"
 #include "platform/Files.h"
 #include "platform/Folders.h"
 #include "platform/Path.h"
-
-#include <windows.h>
+#include "platform/SystemFiles.h"
 
 namespace turnpost {
 
@@ -16,20 +15,18 @@ std::string programFolder() {
 std::string configurationFolder() {
     std::wstring path(32768, L'\0');
     path.resize(GetEnvironmentVariableW(L"APPDATA", path.data(), static_cast<DWORD>(path.size())));
-    return path.empty() ? std::string() : joinPath(fromNativePath(path), "Nimbus Turnpost");
+    const std::filesystem::path folder(path);
+    return folder.is_absolute() ? joinPath(fromNativePath(folder), "Nimbus Turnpost")
+                                : std::string();
 }
 
 bool isFolderWritable(const std::string& folder) {
-    // Access lists and virtualised folders make a real attempt the only honest test.
-    const std::wstring probe = toNativePath(joinPath(folder, "~turnpost-probe.tmp")).wstring();
-    const HANDLE handle =
-        CreateFileW(probe.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                    FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) {
-        return false;
-    }
-    CloseHandle(handle);
-    return true;
+    // To be allowed to add files is asked for, and none is added: where the settings are only
+    // looked for, nothing may change.
+    const FileHandle opened(CreateFileW(toNativePath(folder).c_str(), FILE_ADD_FILE, shareAll,
+                                        nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS,
+                                        nullptr));
+    return opened.isOpen() && kindOf(folder) == PathKind::Folder;
 }
 
 } // namespace turnpost

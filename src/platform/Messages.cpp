@@ -230,6 +230,10 @@ std::string nulInPath() {
     return "A file name cannot hold a NUL character";
 }
 
+std::string unknownSystemError(int number) {
+    return "Unknown error (error " + std::to_string(number) + ")";
+}
+
 std::string flagIsNoNumber(int row) {
     return "A flag of player " + std::to_string(row + 1) + " is no number";
 }

@@ -45,6 +45,8 @@ std::string isFolder();
 std::string isPipe();
 std::string isDevice();
 std::string nulInPath();
+/// For an error that the system has no words for.
+std::string unknownSystemError(int number);
 
 // Reasons why a host file gives no year.
 std::string hostFileTooShort();

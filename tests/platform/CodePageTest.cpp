@@ -6,6 +6,10 @@
 #include <utility>
 #include <vector>
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 namespace turnpost {
 
 using Cases = std::vector<std::pair<std::string, std::string>>;
@@ -24,17 +28,34 @@ TEST(CodePage, CharactersHaveTheBytesThatOtherProgramsGiveThem) {
     }
 }
 
-#ifndef _WIN32
-TEST(CodePage, FilesAndRepliesAreReadableInEitherEncoding) {
-    for (const char* bytes : {"J\xFCrgen", "J\xC3\xBCrgen"}) {
-        EXPECT_EQ(fromFileBytes(bytes), "J\u00FCrgen");
-        EXPECT_EQ(fromWireBytes(bytes), "J\u00FCrgen");
+TEST(CodePage, FilesAndRepliesOfAnySystemAreReadAndThoseOfThisOneWritten) {
+    const std::string foreign = "J\u00FCrgen \u0416\u0101";
+    std::string text = foreign;
+    std::string bytes = foreign;
+#ifdef _WIN32
+    if (GetACP() == 1252) {
+        text = "J\u00FCrgen \u20AC";
+        bytes = "J\xFCrgen \x80";
+    } else if (GetACP() == 1251) {
+        text = "\u0418\u0433\u0440\u043E\u043A \u20AC";
+        bytes = "\xC8\xE3\xF0\xEE\xEA \x88";
+    }
+    EXPECT_EQ(toWireBytes(text), bytes);
+    EXPECT_EQ(toFileBytes("\u0101"), bytes == foreign ? "\u0101" : "?") << "an \"a\" hides it";
+#else
+    EXPECT_EQ(toWireBytes("J\u00FCrgen \u20AC \u0416"), "J\xFCrgen \x80 ?");
+#endif
+    EXPECT_EQ(toFileBytes(text), bytes);
+    Cases cases = {{bytes, text}, {text, text}, {foreign, foreign}};
+    if (bytes == foreign) {
+        cases.emplace_back("J\xFCrgen", "J\u00FCrgen");
+    }
+    for (const auto& [given, read] : cases) {
+        EXPECT_EQ(fromFileBytes(given), read);
+        EXPECT_EQ(fromWireBytes(given), read);
     }
     EXPECT_EQ(fromFileBytes("\xEF\xBB\xBF\"a\""), "\"a\"") << "a byte order mark is no value";
-    EXPECT_EQ(fromFileBytes(toFileBytes("J\u00FCrgen \u0416")), "J\u00FCrgen \u0416");
-    EXPECT_EQ(toWireBytes("J\u00FCrgen \u20AC \u0416"), "J\xFCrgen \x80 ?");
 }
-#endif
 
 TEST(Text, IsTrimmedFoldedAndBrokenAsItsUsersExpect) {
     EXPECT_EQ(trimSpaces("  a b\t "), "a b\t");

@@ -2,10 +2,13 @@
 
 #include "fakes/TempFolder.h"
 #include "platform/FileError.h"
+#include "platform/Folders.h"
 
 #include <gtest/gtest.h>
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <sys/stat.h>
 #endif
 
@@ -29,25 +32,26 @@ class Files : public testing::Test {
     TempFolder temp;
 };
 
-TEST_F(Files, AreFoundWhateverTheCaseAndTheSeparatorsOfThePath) {
-    temp.makeFolder("Stars/Cup");
-    temp.write("Stars/Cup/CUP.m1", "turn");
-    for (const char* name : {"Stars/Cup/CUP.m1", "stars/CUP/cup.M1", "STARS\\cup\\CUP.M1"}) {
+TEST_F(Files, AreFoundWhateverTheCaseTheSeparatorsAndTheLettersOfThePath) {
+    temp.makeFolder("\u0416\u00FC/Cup");
+    temp.write("\u0416\u00FC/Cup/CUP.m1", "turn");
+    for (const char* name :
+         {"\u0416\u00FC/Cup/CUP.m1", "\u0416\u00FC/CUP/cup.M1", "\u0416\u00DC\\cup\\CUP.M1"}) {
         EXPECT_EQ(readFile(temp.path(name)), "turn") << name;
     }
-    EXPECT_EQ(findPath(temp.path("Stars\\Cup")), joinPath(temp.path("Stars"), "Cup"));
-    EXPECT_TRUE(findPath(temp.path("stars/cup")).has_value());
-    for (const char* name : {"Stars/Cup/CUP.m11", "Stars/CUP.m1", "missing"}) {
+    EXPECT_EQ(findPath(temp.path("\u0416\u00FC\\Cup")), joinPath(temp.path("\u0416\u00FC"), "Cup"));
+    EXPECT_TRUE(findPath(temp.path("\u0416\u00DC/cup")).has_value());
+    for (const char* name : {"\u0416\u00FC/Cup/CUP.m11", "\u0416\u00FC/CUP.m1", "missing"}) {
         expectNoFile(temp.path(name));
     }
-    expectNoFile(temp.path("Stars"), "It is a folder, not a file");
-    expectNoFile(temp.path("Stars/Cup/CUP.m1") + '\0' + "x",
+    expectNoFile(temp.path("\u0416\u00FC"), "It is a folder, not a file");
+    expectNoFile(temp.path("\u0416\u00FC/Cup/CUP.m1") + '\0' + "x",
                  "A file name cannot hold a NUL character");
     EXPECT_EQ(findPath(""), std::nullopt);
-    EXPECT_FALSE(folderHoldsFile(temp.path("STARS"))) << "a folder is no ordinary file";
+    EXPECT_FALSE(folderHoldsFile(temp.path("\u0416\u00DC"))) << "a folder is no ordinary file";
     EXPECT_FALSE(folderHoldsFile(""));
-    EXPECT_TRUE(folderHoldsFile(withSeparator(temp.path("stars/CUP"))));
-    EXPECT_FALSE(folderHoldsFile(temp.path("Stars/Cup/CUP.m1")));
+    EXPECT_TRUE(folderHoldsFile(withSeparator(temp.path("\u0416\u00FC/CUP"))));
+    EXPECT_FALSE(folderHoldsFile(temp.path("\u0416\u00FC/Cup/CUP.m1")));
 }
 
 TEST_F(Files, AreReadWholeWithEveryByteOrCutAtTheLimit) {
@@ -64,7 +68,44 @@ TEST_F(Files, AreReadWholeWithEveryByteOrCutAtTheLimit) {
     EXPECT_EQ(readFile(temp.path("A"), 14), bytes.substr(0, 14));
 }
 
-#ifndef _WIN32
+TEST_F(Files, BehindMoreThan260CharactersAreLikeAllOthers) {
+    const std::string deep = std::string(100, 'a') + "/" + std::string(100, 'b');
+    temp.makeFolder(deep);
+    const std::string path = temp.path(deep + "/" + std::string(100, 'c') + ".NTP");
+    replaceFile(path, "first");
+    replaceFile(path, "second");
+    EXPECT_EQ(readFile(findFile(path).value()), "second");
+    EXPECT_TRUE(folderHoldsFile(temp.path(deep)));
+}
+
+TEST_F(Files, AFolderIsAskedWhetherItTakesFilesWithoutMakingOne) {
+    const auto before = std::filesystem::last_write_time(toNativePath(programFolder()));
+    EXPECT_TRUE(isFolderWritable(programFolder()));
+    EXPECT_EQ(std::filesystem::last_write_time(toNativePath(programFolder())), before);
+    temp.write("file", "");
+    EXPECT_FALSE(isFolderWritable(temp.path("file")));
+    EXPECT_FALSE(isFolderWritable(temp.path("gone")));
+}
+
+#ifdef _WIN32
+TEST_F(Files, LongPathsGetTheFormWithoutALimitForTheSystemOnly) {
+    const std::string name(250, 'n');
+    const std::wstring wide(250, L'n');
+    EXPECT_EQ(toNativePath("C:/G/../" + name), L"\\\\?\\C:\\" + wide);
+    EXPECT_EQ(toNativePath("//server/share/" + name), L"\\\\?\\UNC\\server\\share\\" + wide);
+    EXPECT_EQ(fromNativePath(L"\\\\?\\C:\\" + wide), "C:\\" + name);
+    EXPECT_EQ(fromNativePath(L"\\\\?\\UNC\\server\\share\\" + wide), "\\\\server\\share\\" + name);
+    EXPECT_EQ(toNativePath("C:\\G"), L"C:\\G");
+}
+
+TEST_F(Files, TheConfigurationFolderIsTheOneOfThePersonsApplications) {
+    for (const auto& [applications, folder] :
+         {std::pair(L"C:\\\u0416", "C:\\\u0416\\Nimbus Turnpost"), {L"relative", ""}, {L"", ""}}) {
+        SetEnvironmentVariableW(L"APPDATA", applications);
+        EXPECT_EQ(configurationFolder(), folder);
+    }
+}
+#else
 TEST_F(Files, ExactNamesGoFirstAndThoseOfNoEncodingDoNotStopTheSearch) {
     temp.makeFolder("Cup");
     for (const char* name : {"\xFF\xFE.M1", "GAME.M1", "game.m1", "\u00C4RGER.M1"}) {

@@ -7,6 +7,7 @@
 #include "platform/Files.h"
 
 #include <QDeadlineTimer>
+#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QPixmap>
@@ -59,7 +60,8 @@ bool DemoRun::play(int pause) {
     // The box after saving, then the two reports.
     const auto& texts = person.watcher().texts();
     if (!person.watcher().faults().empty() || texts.size() != 3 ||
-        texts[0] != "Details saved to " + folder.toStdString() + "/game/GAME.NTP") {
+        texts[0] != "Details saved to " +
+                        QDir::toNativeSeparators(folder + "/game/GAME.NTP").toStdString()) {
         return false;
     }
     std::cout << "Report of Send via SMTP:\n"

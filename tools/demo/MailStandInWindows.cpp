@@ -1,37 +1,32 @@
 #include "MailStandIn.h"
 
-#include "mapi/SimpleMapiMessages.h"
-#include "mapi/SimpleMapiSession.h"
-#include "platform/CodePage.h"
+#include "mapi/MailSystem.h"
 #include "platform/Files.h"
-#include "platform/Folders.h"
 #include "platform/Path.h"
 
 #include <algorithm>
+#include <windows.h>
 
 namespace turnpost::demo {
 
-// A mail client of our own, which lies beside the demo and writes down what it is asked.
+// The mail client that tools/wine-prefix has set up writes down what it is asked.
 Application::MailSystemMaker recordingMailSystem(const std::string& folder) {
     SetEnvironmentVariableW(L"TURNPOST_RECORD", toNativePath(joinPath(folder, "mapi.txt")).c_str());
-    return [](const Settings&) {
-        const auto mapi = std::make_shared<SimpleMapi>(
-            toUtf16(joinPath(programFolder(), "RecordingProvider.dll")));
-        return MailSystem{std::make_unique<SimpleMapiSession>(mapi),
-                          std::make_unique<SimpleMapiMessages>(mapi)};
-    };
+    return makeMailSystem;
 }
 
 bool wasHanded(const std::string& folder, const std::string& address,
                const std::vector<std::string>& files) {
     const std::string record = readFile(joinPath(folder, "mapi.txt"));
-    const size_t begin = record.find("address=" + address);
+    const std::string game = joinPath(fromNativePath(pathParts(folder).make_preferred()), "game");
+    const size_t begin = record.find("address=SMTP:" + address);
+    if (begin == std::string::npos) {
+        return false;
+    }
     const std::string message = record.substr(begin, record.find("subject=", begin) - begin);
-    return begin != std::string::npos &&
-           std::all_of(files.begin(), files.end(), [&](const std::string& name) {
-               return message.find("path=" + joinPath(joinPath(folder, "game"), name) +
-                                   " name=" + name + "\n") != std::string::npos;
-           });
+    return std::all_of(files.begin(), files.end(), [&](const std::string& name) {
+        return message.find("path=" + joinPath(game, name) + " name=NULL\n") != std::string::npos;
+    });
 }
 
 } // namespace turnpost::demo

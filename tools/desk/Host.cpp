@@ -6,6 +6,7 @@
 #include "storage/SettingsFile.h"
 
 #include <QAction>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -17,8 +18,7 @@ namespace turnpost::desk {
 namespace {
 
 QStringList partsOf(const QString& folder) {
-    std::filesystem::path path = toNativePath(folder.toStdString());
-    path.make_preferred();
+    const std::filesystem::path path = pathParts(QDir::toNativeSeparators(folder).toStdString());
     QStringList parts;
     if (path.has_root_path()) {
         parts += QString::fromStdString(fromNativePath(path.root_path()));

@@ -42,7 +42,7 @@ class frmMain final : public Form {
     void PlaySel_MouseDown(int index);
     void butSend_Click() { application.butSend_Click(); }
     void butSend2_Click() { application.butSend2_Click(); }
-    void Command1_Click() { application.sendByMailSystem(); }
+    void Command1_Click() { application.sendByMailSystem(winId()); }
     void butAtch_Click() { application.editAttachments(); }
     void mnuNew_Click() { application.newGame(); }
     void mnuOpen_Click() { application.openGame(); }

@@ -1,40 +1,43 @@
-#include "mapi/DeliveryFixture.h"
-#include "mapi/MailSystem.h"
+#include "app/Application.h"
+#include "fakes/FakeSocket.h"
+#include "fakes/FakeWindows.h"
+#include "fakes/TempFolder.h"
 #include "mapi/SimpleMapiMessages.h"
 #include "mapi/SimpleMapiSession.h"
-#include "mapi/windows/MailClientName.h"
-#include "platform/CodePage.h"
-#include "platform/Folders.h"
+
+#include <gtest/gtest.h>
 
 namespace turnpost {
 
-// All tests but the last two go through the system's own MAPI32.DLL, behind which the recording
-// mail client has to be registered.
-class SimpleMapiTest : public DeliveryFixture {
+/// A program whose second player gets the mail through the system's own MAPI32.DLL, behind which
+/// the recording mail client has to be registered.
+class SimpleMapiTest : public testing::Test {
   protected:
     SimpleMapiTest() {
-        SetEnvironmentVariableW(L"TURNPOST_RECORD",
-                                toNativePath(temp.path("record")).wstring().c_str());
+        SetEnvironmentVariableW(L"TURNPOST_RECORD", toNativePath(temp.path("record")).c_str());
         answer(L"TURNPOST_LOGON_CODE", 0);
         answer(L"TURNPOST_SEND_CODE", 0);
+        application.storeEmailSettings("Host", "host@example.org", "mail");
+        application.storeMessage({"\u20AC \u0416", "Gr\u00FC\u00DFe\r\n.\r\n"});
+        application.storeAttachments({0, 0, {}});
+        application.game().GamePath = withSeparator(folder);
         player = {1, " One, \"the host\" ", "one", "", "", true};
-        text = {"\u20AC \u0416", "Gr\u00FC\u00DFe\r\n.\r\n"};
+        const WNDPROC handler = [](HWND, UINT kind, WPARAM, LPARAM) -> LRESULT {
+            return kind == WM_APP ? (pressButtons(), 0) : 0;
+        };
+        SetWindowLongPtrW(window, GWLP_WNDPROC, std::bit_cast<LONG_PTR>(handler));
     }
+    ~SimpleMapiTest() override { DestroyWindow(window); }
 
     static void answer(const wchar_t* call, int code) {
         SetEnvironmentVariableW(call, std::to_wstring(code).c_str());
     }
 
-    // The library lies beside the test program, or in the system's folder.
-    void use(const std::string& library) {
-        const std::string own = joinPath(programFolder(), library);
-        const auto mapi = std::make_shared<SimpleMapi>(toUtf16(findFile(own).value_or(library)));
-        system = {std::make_unique<SimpleMapiSession>(mapi),
-                  std::make_unique<SimpleMapiMessages>(mapi)};
+    /// Gives the player's line.
+    std::string deliver() {
+        application.sendByMailSystem(parent);
+        return application.values().report[1];
     }
-
-    MailSession& session() const { return *system.MAPISession1; }
-    std::string deliver() { return DeliveryFixture::deliver(session(), *system.MAPIMessages1); }
 
     /// What the mail client was asked since the last time.
     std::string recorded() const {
@@ -43,73 +46,69 @@ class SimpleMapiTest : public DeliveryFixture {
         return lines;
     }
 
-    /// A path of the game's folder as a mail client gets it.
-    std::string recordedPath(const std::string& name) const {
-        std::string path = temp.path(name);
-        std::replace(path.begin(), path.end(), '/', '\\');
-        return path;
-    }
+    /// What the person does while the mail client runs a message loop of its own.
+    static inline std::function<void()> pressButtons = [] {};
 
-    const std::string logon = "logon window=0 profile= password= flags=0\n";
-    const std::string logoff = "logoff session=12345678901234\n";
-    const std::string utf16Message =
-        "sendW session=12345678901234 flags=0 type=NULL messageflags=0\n"
-        "subject=\u20AC \u0416\ntext=Gr\u00FC\u00DFe\r\n.\r\n";
+    const HWND window =
+        CreateWindowW(L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    const std::uintptr_t parent = std::bit_cast<std::uintptr_t>(window);
+    const std::string inParent = " window=" + std::to_string(parent);
+    const std::string logon = "logon" + inParent + " profile= password= flags=0\n";
+    const std::string logoff = "logoff session=12345678901234" + inParent + "\n";
+    const std::string message = "send session=12345678901234" + inParent +
+                                " flags=0\nsubject=\u20AC \u0416\ntext=Gr\u00FC\u00DFe\r\n.\r\n";
     const std::string recipient = "\nrecipient class=1 name= One, \"the host\"  address=";
-    Settings settings;
-    MailSystem system = makeMailSystem(settings);
+    TempFolder temp;
+    const std::string folder = fromNativePath(toNativePath(temp.path()).make_preferred());
+    FakeWindows windows;
+    FakeSocket socket;
+    Application application{windows, socket, {folder, folder}};
+    PlayerSlot& player = application.game().rows[1];
 };
 
-TEST_F(SimpleMapiTest, EachMemberOfTheSessionReachesTheLogon) {
-    session().UserName("Gr\u00FCn");
-    session().Password("secret");
-    for (const int flags : {0, 0x2, 0x1, 0x1000}) {
-        session().NewSession(flags == 0x2);
-        session().LogonUI(flags == 0x1);
-        session().DownLoadMail(flags == 0x1000);
-        session().SignOn();
-        session().SignOff();
-        EXPECT_EQ(recorded(), "logon window=0 profile=Gr\xFCn password=secret flags=" +
-                                  std::to_string(flags) + "\n" + logoff);
-    }
-}
-
 TEST_F(SimpleMapiTest, AnOpenSessionIsNeverForgottenAndAClosedOneNeverUsed) {
-    session().SignOn();
-    session().SignOn();
+    const auto mapi = std::make_shared<SimpleMapi>();
+    auto session = std::make_unique<SimpleMapiSession>(mapi);
+    SimpleMapiMessages messages(mapi);
+    session->ParentWindow(parent);
+    session->SignOn();
+    session->SignOn();
     EXPECT_EQ(recorded(), logon + logoff + logon);
-    system.MAPIMessages1->SessionID(session().SessionID());
-    session().SignOff();
-    session().SignOff();
-    EXPECT_EQ(system.MAPIMessages1->Send(), "The mail session is no longer open (error 19)");
+    messages.SessionID(session->SessionID());
+    session->SignOff();
+    session->SignOff();
+    EXPECT_EQ(messages.Send(), "The mail session is no longer open (error 19)");
     EXPECT_EQ(recorded(), logoff);
-    session().SignOn();
-    system.MAPISession1.reset();
-    EXPECT_EQ(recorded(), logon + logoff);
-    system = makeMailSystem(settings);
-    answer(L"TURNPOST_LOGON_CODE", 3);
-    deliver();
-    EXPECT_EQ(recorded(), logon);
-    EXPECT_EQ(display.boxes, Texts{"No mail system found"});
+    session->UserName("Host");
+    session->Password("secret");
+    for (const int flags : {0x2, 0x1, 0x1000}) {
+        session->NewSession(flags == 0x2);
+        session->LogonUI(flags == 0x1);
+        session->DownLoadMail(flags == 0x1000);
+        session->SignOn();
+        EXPECT_TRUE(recorded().ends_with(
+            "profile=Host password=secret flags=" + std::to_string(flags) + "\n"));
+    }
+    session.reset();
+    EXPECT_EQ(recorded(), logoff);
 }
 
 TEST_F(SimpleMapiTest, EveryPartOfAMessageArrivesAsItWasGivenAndNothingOfItInTheNext) {
-    player.PlayerEmail = " j\u00F6rg@example.org ";
-    player.AltEmail = "two@example.org";
-    player.GameFile = "\u0416\u00FC.M2";
-    attachments = {1, 0, {temp.path("CUP.XY"), "", ""}};
+    player = {
+        1,   player.PlayerName, " j\u00F6rg@example.org ", "two@example.org", "\u0416\u00FC.M2",
+        true};
     temp.write(player.GameFile, "x");
     temp.write("CUP.XY", "x");
+    application.storeAttachments({1, 0, {temp.path("CUP.XY"), "", ""}});
     EXPECT_EQ(deliver(), "Email Generated OK");
-    EXPECT_EQ(recorded(), logon + utf16Message + "\r\n  " + recipient +
+    EXPECT_EQ(recorded(), logon + message + "\r\n  " + recipient +
                               "SMTP: j\u00F6rg@example.org \n"
                               "recipient class=2 name= One, \"the host\"  "
-                              "address=SMTP:two@example.org\n"
-                              "file position=0 flags=0 path=" +
-                              recordedPath(player.GameFile) +
-                              " name=NULL\nfile position=1 flags=0 path=" + recordedPath("CUP.XY") +
-                              " name=NULL\n" + logoff);
-    attachments = {0, 0, {}};
+                              "address=SMTP:two@example.org\nfile position=0 flags=0 path=" +
+                              joinPath(folder, player.GameFile) +
+                              " name=NULL\nfile position=1 flags=0 path=" +
+                              joinPath(folder, "CUP.XY") + " name=NULL\n" + logoff);
+    application.storeAttachments({0, 0, {}});
     player.AltEmail = "";
     for (const auto& [typed, type] : {std::pair("SMTP:one@example.org", ""),
                                       {"fax:+1 234", ""},
@@ -118,58 +117,64 @@ TEST_F(SimpleMapiTest, EveryPartOfAMessageArrivesAsItWasGivenAndNothingOfItInThe
                                       {":one", "SMTP:"}}) {
         player.PlayerEmail = typed;
         deliver();
-        EXPECT_EQ(recorded(), logon + utf16Message + recipient + type + typed + "\n" + logoff);
+        EXPECT_EQ(recorded(), logon + message + recipient + type + typed + "\n" + logoff);
     }
 }
 
 TEST_F(SimpleMapiTest, EveryRefusalHasItsOwnWordsAndItsNumber) {
     for (const auto& [code, words] : {std::pair(7, "MAPI Error: Unknown error (error 7)"),
-                                      {11, "MAPI Error: An attachment was not found (error 11)"},
                                       {28, "MAPI Error: An attachment is too large (error 28)"},
                                       {29, "MAPI Error: Unknown error (error 29)"}}) {
         answer(L"TURNPOST_SEND_CODE", code);
         EXPECT_EQ(deliver(), words);
     }
+    recorded();
+    answer(L"TURNPOST_LOGON_CODE", 3);
+    deliver();
+    EXPECT_EQ(recorded(), logon);
+    EXPECT_EQ(windows.boxes.back(), "MAPI Error: The mail program refused the logon (error 3)");
 }
 
-TEST_F(SimpleMapiTest, OnlyAMailClientThatSomebodyHasChosenIsAsked) {
-    // MAPI32.DLL looks for the recording mail client once, when it is loaded.
-    session().SignOn();
-    const auto answerWith = [this](const wchar_t* ofMachine, const wchar_t* ofPerson) {
-        session().SignOff();
-        recorded();
-        const MailClientName machine(HKEY_LOCAL_MACHINE, ofMachine);
-        const MailClientName person(HKEY_CURRENT_USER, ofPerson);
-        session().SignOn();
-        return recorded();
+TEST_F(SimpleMapiTest, NoButtonStartsASecondSendInsideACallOfTheMailClient) {
+    pressButtons = [this] {
+        application.butSend_Click();
+        application.butSend2_Click();
+        application.sendByMailSystem();
     };
-    EXPECT_EQ(answerWith(nullptr, nullptr) + answerWith(L"", L""), "");
-    EXPECT_EQ(answerWith(L"Mail", nullptr), logon);
-    EXPECT_EQ(answerWith(nullptr, L"Mail"), logon);
-}
-
-TEST_F(SimpleMapiTest, WithoutTheLibraryOrItsCallsThereIsNoSession) {
-    for (const char* library : {"NOMAPI32.DLL", "KERNEL32.DLL", "WithoutSending.dll"}) {
-        use(library);
-        deliver();
-        EXPECT_EQ(display.boxes.back(), "No mail system found");
-        EXPECT_NE(system.MAPIMessages1->Send(), std::nullopt);
-        EXPECT_EQ(recorded(), "");
-    }
-}
-
-TEST_F(SimpleMapiTest, WithoutTheCallForUtf16TheSystemsCodePageIsSent) {
-    use("WithoutUtf16.dll");
-    player.PlayerEmail = "j\u00F6rg@example.org";
-    attachments.ExtraAttachments[0] = temp.path("Gr\u00FCn.M1");
-    temp.write("Gr\u00FCn.M1", "x");
     EXPECT_EQ(deliver(), "Email Generated OK");
-    EXPECT_EQ(recorded(), logon +
-                              "send session=12345678901234 flags=0 type=NULL messageflags=0\n"
-                              "subject=\x80 ?\ntext=Gr\xFC\337e\r\n.\r\n\r\n " +
-                              recipient +
-                              "SMTP:j\xF6rg@example.org\nfile position=0 flags=0 path=" +
-                              recordedPath("Gr\xFCn.M1") + " name=NULL\n" + logoff);
+    pressButtons = [] {};
+    EXPECT_EQ(windows.boxes, std::vector<std::string>(6, "A send is already in progress"));
+    EXPECT_EQ(recorded(), logon + message + recipient + "SMTP:one\n" + logoff);
+    EXPECT_TRUE(socket.servers.empty());
+}
+
+TEST_F(SimpleMapiTest, WithoutAMailClientThatSomebodyHasChosenOrTheSystemsCallsThereIsNone) {
+    // MAPI32.DLL looks for the recording mail client once, when it is loaded.
+    deliver();
+    recorded();
+    HKEY person = nullptr;
+    HKEY machine = nullptr;
+    RegCreateKeyW(HKEY_CURRENT_USER, L"Nimbus Turnpost Test", &person);
+    RegCreateKeyW(person, L"machine", &machine);
+    RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine);
+    RegOverridePredefKey(HKEY_CURRENT_USER, person);
+    for (const std::wstring name : {L"", L"Mail"}) {
+        RegSetKeyValueW(person, L"Software\\Clients\\Mail", nullptr, REG_SZ, name.c_str(),
+                        static_cast<DWORD>((name.size() + 1) * sizeof(wchar_t)));
+        deliver();
+        EXPECT_EQ(recorded().substr(0, logon.size()), name.empty() ? "" : logon);
+    }
+    RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
+    RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
+    RegDeleteTreeW(person, nullptr);
+    EXPECT_EQ(windows.boxes, std::vector<std::string>{"No mail system found"});
+    for (const wchar_t* library : {L"NOMAPI32.DLL", L"KERNEL32.DLL"}) {
+        const auto mapi = std::make_shared<SimpleMapi>(library);
+        SimpleMapiSession none(mapi);
+        none.SignOn();
+        EXPECT_EQ(std::to_string(none.SessionID()) + none.Refusal(), "0");
+        EXPECT_NE(SimpleMapiMessages(mapi).Send(), std::nullopt);
+    }
 }
 
 } // namespace turnpost

@@ -1,10 +1,12 @@
-#include "dialogs/FolderEntries.h"
+#include "platform/FolderEntries.h"
+
+#include <filesystem>
 
 namespace turnpost {
 
 namespace fs = std::filesystem;
 
-std::optional<std::vector<FolderEntry>> folderEntries(const fs::path& folder) {
+std::optional<std::vector<FolderEntry>> folderEntries(const std::string& folder) {
     std::error_code error;
     fs::directory_iterator entry(folder, error);
     if (error) {

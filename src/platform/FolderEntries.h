@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,6 +18,6 @@ struct FolderEntry {
 /// Every folder and ordinary file in the folder, in the system's order; nothing when the folder
 /// cannot be read. Pipes, devices and links that lead nowhere are left out, and so is what has no
 /// name in UTF-8 where the system has no bytes to keep instead.
-std::optional<std::vector<FolderEntry>> folderEntries(const std::filesystem::path& folder);
+std::optional<std::vector<FolderEntry>> folderEntries(const std::string& folder);
 
 } // namespace turnpost

@@ -1,4 +1,6 @@
-#include "dialogs/FolderEntries.h"
+#include "platform/Files.h"
+#include "platform/FolderEntries.h"
+#include "platform/Path.h"
 
 #include <cwchar>
 #include <windows.h>
@@ -19,11 +21,11 @@ std::string utf8(const wchar_t* name) {
 
 // The standard library asks the system about each file anew; in a folder of thousands that takes a
 // second.
-std::optional<std::vector<FolderEntry>> folderEntries(const std::filesystem::path& folder) {
+std::optional<std::vector<FolderEntry>> folderEntries(const std::string& folder) {
     WIN32_FIND_DATAW found;
     const HANDLE search =
-        FindFirstFileExW((folder / L"*").c_str(), FindExInfoBasic, &found, FindExSearchNameMatch,
-                         nullptr, FIND_FIRST_EX_LARGE_FETCH);
+        FindFirstFileExW(toNativePath(joinPath(folder, "*")).c_str(), FindExInfoBasic, &found,
+                         FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
     if (search == INVALID_HANDLE_VALUE) {
         // An empty drive has not even "." and "..".
         if (GetLastError() == ERROR_FILE_NOT_FOUND) {
