@@ -12,7 +12,6 @@ set(TURNPOST_TEST_ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_
 
 turnpost_qt_test(platform TcpSocketTest.cpp FormTest.cpp)
 turnpost_qt_test(smtp FaultTest.cpp FullGameTest.cpp SendingReportTest.cpp)
-target_sources(test_smtp_qt PRIVATE support/MailServer.cpp support/Resources.cpp)
 target_compile_definitions(test_smtp_qt PRIVATE TURNPOST_TESTS="${CMAKE_CURRENT_SOURCE_DIR}")
 turnpost_qt_test(dialogs DialogsTest.cpp FilePickerTest.cpp)
 turnpost_qt_test(roster MainWindowTest.cpp)
