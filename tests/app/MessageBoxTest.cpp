@@ -30,6 +30,7 @@ TEST_F(MessageBoxes, OfSavingSayWhereOrWhyNot) {
     const std::string details = folder + "GAME.NTP";
     expectBoxes(configure, {"Please save game details first"});
     game.rows[0].PlayerName = "Red\",\"Leader";
+    game.rows[1].GameFile = "M2";
     expectBoxes(save, {"Details saved to " + details,
                        "Not all of this can be read back from " + details + advice});
     application.storeMessage({"", std::string(1U << 20U, 'x')});
@@ -39,6 +40,8 @@ TEST_F(MessageBoxes, OfSavingSayWhereOrWhyNot) {
     game.rows[1].GameFile = "OLD.M2";
     host.makeFolder("OLD.NTP");
     expectBoxes(save, {"Cannot write " + folder + "OLD.NTP\r\nIt is a folder, not a file"});
+    expectBoxes(configure, {});
+    EXPECT_EQ(application.currentGameToStore(), (StoredGame{"Cup", details}));
 #ifndef _WIN32
     host.write("new.ntp", "old");
     game.rows[1].GameFile = "NEW.M2";

@@ -84,6 +84,7 @@ TEST_F(TcpSockets, AFailedConnectionCarriesItsNumberAndEveryAddressOfANameIsTrie
     expectError("unknown.example", 25, "11001 ");
     socket->Connect("two.example", server.port());
     EXPECT_TRUE(logged(1));
+    EXPECT_EQ(log, Log{answer.bytes});
     // They take minutes to happen, or what tests can't do.
     for (const auto& [error, number] :
          {std::pair(ETIMEDOUT, 10060), {EHOSTUNREACH, 10065}, {EMFILE, 10024}, {EIO, 10050}}) {
