@@ -138,27 +138,6 @@ TEST_F(TcpSockets, TheServersCloseEndsItsOwnConnectionAndNotTheNext) {
     EXPECT_EQ(log.size(), 4);
 }
 
-TEST_F(TcpSockets, ACloseEndsInOrderAndOnlyTheOneWhenSentSendsTheRest) {
-    for (const bool whenSent : {false, true}) {
-        answer = {"220 ready\r\n", Answer::Then::Pause};
-        connect();
-        EXPECT_TRUE(logged(1));
-        answer = {};
-        // Much more than fits the buffers between the two.
-        socket->SendData(std::string(1 << 22, 'x') + "\r\n");
-        socket->SendData("QUIT\r\n");
-        whenSent ? socket->CloseWhenSent() : socket->Close();
-        EXPECT_FALSE(socket->isOpen());
-        server.release(0);
-        const auto& conversation = server.conversations().at(0);
-        EXPECT_TRUE(waitUntil([&] { return conversation.ended; }));
-        EXPECT_FALSE(conversation.wasReset);
-        EXPECT_EQ(conversation.commands.size(), whenSent ? 2 : 0);
-        server.forget();
-        log.clear();
-    }
-}
-
 TEST_F(TcpSockets, NothingOfAnOldConnectionReachesTheNewOne) {
     answer = {"", Answer::Then::Continue, "220 old\r\n"};
     connect();
