@@ -7,7 +7,8 @@
 
 namespace turnpost {
 
-// A driver, a server played by the test, and a game of two players who get no files.
+// A driver, a server played by the test, and a game of two players who get no files, and of one
+// without an address.
 class SendDrivers : public testing::Test {
   protected:
     using Texts = std::vector<std::string>;
@@ -17,6 +18,7 @@ class SendDrivers : public testing::Test {
         temp.makeFolder("empty");
         game.rows[0] = {1, "P1", "p@1", "", "", true};
         game.rows[1] = {1, "P2", "p@2", "", "", true};
+        game.rows[3] = {1, "refused", "", "", "", true};
     }
 
     // The server accepts the row under way: all six steps, or some of them.
@@ -84,7 +86,7 @@ TEST_F(SendDrivers, OnlyASendThatCanStartTakesOverAndUsesItsOwnServerAndWhatTheH
                      conversation("P3", "p@3", "P3")}));
     EXPECT_EQ(socket.servers,
               Texts({"mail:65535", "mail:65535", "other:25", "other:25", "other:25"}));
-    const std::vector<double> positions = {0.5, 1, 0.5, 1, 1, 1};
+    const std::vector<double> positions = {1.0 / 3, 2.0 / 3, 1.0 / 3, 2.0 / 3, 1, 1, 1};
     EXPECT_EQ(display.progress, positions) << "a row ticked meanwhile keeps the bar on its track";
 }
 
