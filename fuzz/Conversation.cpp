@@ -95,16 +95,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     require(screen.boxes == boxes, "a box for a broken connection and nothing else");
     require(screen.reports == (row >= rowCount ? 1 : 0), "one report, at the end");
     require(line.isOpen() == (boxes.empty() && row < rowCount), "connected while a row is on");
-    std::vector<double> positions;
-    for (size_t reached = 1; reached <= std::min<size_t>(row / 3 * 2 + 1, 11); ++reached) {
-        positions.push_back(static_cast<double>(reached) / 11);
-    }
-    if (row >= rowCount) {
-        positions.push_back(1);
-    }
-    require(screen.progress == positions, "the bar shows the part of the ticked rows reached");
-    for (size_t i = row; i < rowCount; i += 3) {
-        require(report.at(i).empty(), "no outcome for rows not yet served");
-    }
     return 0;
 }

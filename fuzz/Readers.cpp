@@ -1,9 +1,6 @@
 #include "Property.h"
-#include "fakes/TempFolder.h"
 #include "platform/CodePage.h"
-#include "platform/FileError.h"
 #include "platform/Text.h"
-#include "roster/HostFile.h"
 #include "storage/GameDetailsFile.h"
 #include "storage/SettingsFile.h"
 
@@ -50,18 +47,6 @@ void checkCodePages(const std::string& bytes) {
         require(fromFileBytes(toFileBytes(bytes)) == bytes, "a file keeps every character");
     }
     require(foldCase(foldCase(bytes)) == foldCase(bytes), "folding twice changes nothing more");
-}
-
-void checkHostYear(const std::string& bytes) {
-    static const TempFolder folder;
-    folder.write("GAME.HST", bytes);
-    const auto byteAt = [&](size_t i) { return static_cast<unsigned char>(bytes[i]); };
-    const int year = bytes.size() < 14 ? 32768 : 2400 + byteAt(12) + 256 * byteAt(13);
-    try {
-        require(readGameYear(folder.path("GAME.HST")) == year, "the year is in bytes 12 and 13");
-    } catch (const FileError&) {
-        require(year > 32767, "only short files and far years are refused");
-    }
 }
 
 // A body in which a line that ends in a double quote is followed by one that begins with a number
@@ -157,7 +142,6 @@ void checkWriting(const std::uint8_t* data, size_t size) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     const std::string bytes(reinterpret_cast<const char*>(data), size);
     checkCodePages(bytes);
-    checkHostYear(bytes);
     checkReading(bytes);
     checkWriting(data, size);
     return 0;

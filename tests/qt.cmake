@@ -1,7 +1,7 @@
 # The windows and adapters of a room, with the real forms.
-function(turnpost_qt_test room)
-  list(TRANSFORM ARGN PREPEND ${room}/qt/)
-  add_executable(test_${room}_qt ${ARGN} support/TestMain.cpp)
+foreach(room platform smtp dialogs roster app)
+  file(GLOB sources CONFIGURE_DEPENDS ${room}/qt/*Test.cpp)
+  add_executable(test_${room}_qt ${sources} support/TestMain.cpp)
   target_include_directories(test_${room}_qt PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(test_${room}_qt PRIVATE turnpost_desk GTest::gtest)
   if(CMAKE_CROSSCOMPILING)
@@ -9,15 +9,10 @@ function(turnpost_qt_test room)
     qt_import_plugins(test_${room}_qt INCLUDE Qt6::QOffscreenIntegrationPlugin)
   endif()
   turnpost_add_tests(test_${room}_qt)
-endfunction()
+endforeach()
 
-turnpost_qt_test(platform TcpSocketTest.cpp FormTest.cpp)
-turnpost_qt_test(smtp FaultTest.cpp FullGameTest.cpp SendingReportTest.cpp)
 target_sources(test_smtp_qt PRIVATE support/MailServer.cpp support/Resources.cpp)
 target_compile_definitions(test_smtp_qt PRIVATE TURNPOST_TESTS="${CMAKE_CURRENT_SOURCE_DIR}")
-turnpost_qt_test(dialogs DialogsTest.cpp FilePickerTest.cpp)
-turnpost_qt_test(roster MainWindowTest.cpp)
-turnpost_qt_test(app ControlsTest.cpp DesktopTest.cpp)
 
 # The whole way of a host, from an empty folder to both reports.
 add_test(NAME Demo.EveryMessageArrivesAsItShould

@@ -7,14 +7,6 @@ class Commands : public AppFixture {
     Commands() { game.rows[3].PlayerEmail = "four@example.org"; }
 };
 
-TEST_F(Commands, ASlotNamesTheFileAfterTheHostFileAlsoWhereSaveDoesNot) {
-    game.rows[1].GameFile = "OLD.M2";
-    application.saveGame();
-    application.configureStoredGames();
-    EXPECT_EQ(windows.shown, Texts({"box", "stored games", "values"}));
-    EXPECT_EQ(application.currentGameToStore(), (StoredGame{"Cup", folder + "GAME.NTP"}));
-}
-
 TEST_F(Commands, TheMailSystemTakesOverOnlyFromAServerThatIsGoneOrSilentForAMinute) {
     socket.silent = std::chrono::seconds(59);
     application.butSend_Click();

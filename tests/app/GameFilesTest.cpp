@@ -68,7 +68,7 @@ TEST_F(GameFiles, AMovedGameIsTheOneBesideItsFileUnlessTheOldPlaceStillHoldsIt) 
     EXPECT_EQ(values.game.GamePath, withSeparator(moved.path()));
     EXPECT_EQ(values.game.GameYear, 2409);
     EXPECT_EQ(windows.boxes, Texts());
-    moved.write("game.hst", "short");
+    moved.write("game.hst", std::string(13, 'x'));
     windows.shown.clear();
     open(moved, "GAME.NTP");
     EXPECT_EQ(windows.shown, Texts({"file picker", "values", "box"}));

@@ -30,6 +30,7 @@ TEST_F(MessageBoxes, OfSavingSayWhereOrWhyNot) {
     const std::string details = folder + "GAME.NTP";
     expectBoxes(configure, {"Please save game details first"});
     game.rows[0].PlayerName = "Red\",\"Leader";
+    game.rows[1].GameFile = "M2";
     expectBoxes(save, {"Details saved to " + details,
                        "Not all of this can be read back from " + details + advice});
     application.storeMessage({"", std::string(1U << 20U, 'x')});
@@ -44,6 +45,8 @@ TEST_F(MessageBoxes, OfSavingSayWhereOrWhyNot) {
     game.rows[1].GameFile = "NEW.M2";
     game.rows[0].PlayerName = "";
     expectBoxes(save, {"Details saved to " + folder + "new.ntp"});
+    expectBoxes(configure, {});
+    EXPECT_EQ(application.currentGameToStore(), (StoredGame{"Cup", details}));
     game.GamePath = "/" + std::string(600, 'a');
     expectBoxes(save, {"Cannot write /" + std::string(249, 'a') + "..." + std::string(243, 'a') +
                        "NEW.NTP\r\nFile name too long"});

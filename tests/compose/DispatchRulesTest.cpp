@@ -1,6 +1,5 @@
 #include "compose/DispatchRules.h"
 
-#include "compose/SendReport.h"
 #include "fakes/TempFolder.h"
 #include "platform/FileError.h"
 
@@ -117,17 +116,6 @@ TEST_F(DispatchRules, PlaceholdersThatMultiplyFillNoMemoryButAreReported) {
     }
     player.PlayerName = std::string(100000, 'x');
     expectBoth("Message too long");
-}
-
-TEST(SendReports, HaveALineForEveryPlayerAndTheOutcomeAsItStands) {
-    SendReport report;
-    report[1] = "M2file not found \r\nXY file not found ";
-    report[15] = "Player Skipped";
-    const std::string text = reportText(report);
-    EXPECT_TRUE(text.starts_with("Player 1: \r\nPlayer 2: M2file not found \r\nXY file not found "
-                                 "\r\nPlayer 3: \r\n"))
-        << text;
-    EXPECT_TRUE(text.ends_with("Player 15: \r\nPlayer 16: Player Skipped\r\n")) << text;
 }
 
 } // namespace turnpost

@@ -18,12 +18,4 @@ TEST(ExpandTemplate, EveryOccurrenceIsReplacedOnceAndInItsOrder) {
     EXPECT_EQ(expand("<<FN>>", " Gold"), "");
 }
 
-TEST(ExpandTemplate, TheDefaultTemplateIsExactToTheLastLine) {
-    EXPECT_EQ(defaultTemplate().MessageSubject, "Turn <<GY>> for <<GN>> - Player <<PN>>");
-    EXPECT_EQ(defaultTemplate().MessageBody,
-              "Hello <<FN>>,\r\n\r\nAttached is turn <<GY>> for <<GN>>\r\n\r\n"
-              "Please make sure that you Save & Submit, and return your X<<PN>> file\r\n\r\n\r\n"
-              "This message has been sent to you using Nimbus Turnpost Version 1.3.0");
-}
-
 } // namespace turnpost

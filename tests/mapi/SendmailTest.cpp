@@ -51,9 +51,8 @@ TEST_F(Sendmail, EveryAddressIsOneArgumentInAscii) {
     const std::string own = "MAPI Error: Your own address is not one e-mail address: ";
     const std::string theirs = "MAPI Error: This is not one e-mail address: ";
     for (const auto& [host, to, copy, arguments, line] : std::vector<std::array<std::string, 5>>{
-             {" host@example.org", " zoe@x.org ", " second@例え.jp",
-              "-i -f host@example.org -- zoe@x.org second@xn--r8jz45g.jp ", "Email Generated OK"},
-             {"host@bücher.de", "zoe@x.org", "", "-i -f host@xn--bcher-kva.de -- zoe@x.org ",
+             {" host@bücher.de", " zoe@x.org ", " second@例え.jp",
+              "-i -f host@xn--bcher-kva.de -- zoe@x.org second@xn--r8jz45g.jp ",
               "Email Generated OK"},
              {" ", "-oQ/tmp", "", "-i -- -oQ/tmp ", "Email Generated OK"},
              {" -bd", "zoe@x.org", "", "-i -- zoe@x.org ", "Email Generated OK"},

@@ -29,36 +29,28 @@ std::string mixed(const Texts& seeds, std::mt19937& random) {
     return input;
 }
 
-// The seeds, then 2,000 inputs that are put together of them, the same at every run.
-void expectToHold(const std::string& target, int (*property)(const std::uint8_t*, size_t)) {
-    const std::filesystem::directory_iterator folder(TURNPOST_CORPUS "/" + target);
-    Texts seeds;
-    for (const auto& path : std::set<std::filesystem::path>(begin(folder), end(folder))) {
-        seeds.push_back(readFile(fromNativePath(path)));
-    }
-    std::mt19937 random(1);
-    for (size_t i = 0; i < seeds.size() + 2000; ++i) {
-        const std::string input = i < seeds.size() ? seeds[i] : mixed(seeds, random);
-        try {
-            property(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
-        } catch (const std::logic_error& broken) {
-            FAIL() << broken.what() << ": " << testing::PrintToString(input);
-        }
-    }
-}
-
 } // namespace
 
-TEST(Properties, OfReadersAndWritersHoldForAnyBytes) {
-    expectToHold("Readers", Readers);
-}
-
-TEST(Properties, OfAMessageHoldForAnyTextsAndFiles) {
-    expectToHold("MessageAssembly", MessageAssembly);
-}
-
-TEST(Properties, OfASendHoldForAnyRepliesInAnyPieces) {
-    expectToHold("Conversation", Conversation);
+// The seeds, then 2,000 inputs that are put together of them, the same at every run.
+TEST(Properties, HoldForTheSeedsAndForWhatIsMixedOfThem) {
+    for (const auto& [target, property] : {std::pair("Readers", &Readers),
+                                           {"MessageAssembly", &MessageAssembly},
+                                           {"Conversation", &Conversation}}) {
+        const std::filesystem::directory_iterator folder(TURNPOST_CORPUS + std::string(target));
+        Texts seeds;
+        for (const auto& path : std::set<std::filesystem::path>(begin(folder), end(folder))) {
+            seeds.push_back(readFile(fromNativePath(path)));
+        }
+        std::mt19937 random(1);
+        for (size_t i = 0; i < seeds.size() + 2000; ++i) {
+            const std::string input = i < seeds.size() ? seeds[i] : mixed(seeds, random);
+            try {
+                property(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
+            } catch (const std::logic_error& broken) {
+                FAIL() << broken.what() << ": " << testing::PrintToString(input);
+            }
+        }
+    }
 }
 
 } // namespace turnpost

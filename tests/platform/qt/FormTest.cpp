@@ -34,6 +34,7 @@ TEST(Form, AOneLineBoxHoldsOneLineHoweverTheTextComesInAndAPasteCanBeUndone) {
     EXPECT_EQ(box->text(), "a b c d e f");
     box->setText(broken + "!");
     EXPECT_EQ(box->text(), "a b c d e f!");
+    EXPECT_GT(box->maxLength(), 1 << 24);
 }
 
 TEST(Form, ForeignTextIsShownPlainInMessageBoxes) {
