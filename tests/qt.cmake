@@ -11,7 +11,6 @@ foreach(room platform smtp dialogs roster app)
   turnpost_add_tests(test_${room}_qt)
 endforeach()
 
-target_sources(test_smtp_qt PRIVATE support/MailServer.cpp support/Resources.cpp)
 target_compile_definitions(test_smtp_qt PRIVATE TURNPOST_TESTS="${CMAKE_CURRENT_SOURCE_DIR}")
 
 # The whole way of a host, from an empty folder to both reports.
