@@ -1,6 +1,6 @@
 ; The installer: for one person, without an administrator. Given on the command line: VERSION, FILES
 ; (the folder with what is handed out), ICON and OUTPUT.
-Unicode true
+Target amd64-unicode
 SetCompressor /SOLID lzma
 !include MUI2.nsh
 

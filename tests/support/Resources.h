@@ -38,8 +38,8 @@ inline std::size_t heapBytes() {
 #endif
 }
 
-/// Compares the lowest of the first and of the last quarter of the figures and prints both. Fails the
-/// test when they grew by more than the slack.
+/// Compares the lowest of the first and of the last quarter of the figures and prints both. Fails
+/// the test when they grew by more than the slack.
 inline void expectFlat(const char* what, const std::vector<std::size_t>& figures,
                        std::size_t slack) {
     if (figures.empty()) {
