@@ -156,7 +156,7 @@ void Evening::fullGame() {
     person.type("GameName", "Grand League");
     for (int player = 1; player <= rowCount; ++player) {
         enter(player, QString("Emperor of Realm %1").arg(player),
-              QString("emperor.%1@realm-%1.example.net").arg(player));
+              QString("emperor%1@example.net").arg(player));
     }
     person.click("IncludePlayer(6)");
     take(person.window(), "main-16");

@@ -6,10 +6,15 @@
 
 namespace {
 
+constexpr int usualPoints = 10; // of a desktop's font
+
 QPalette darkPalette() {
     QPalette palette(QColor(53, 53, 53));
     palette.setColor(QPalette::Base, QColor(35, 35, 35));
     palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
+    for (const auto role : {QPalette::ButtonText, QPalette::WindowText, QPalette::Text}) {
+        palette.setColor(QPalette::Disabled, role, QColor(127, 127, 127));
+    }
     return palette;
 }
 
@@ -26,7 +31,7 @@ int main(int argc, char** argv) {
     if (arguments[1] == "dark") {
         QApplication::setPalette(darkPalette());
     }
-    QApplication::setFont(QFont(arguments[2]));
+    QApplication::setFont(QFont(arguments[2], usualPoints));
     QApplication::setCursorFlashTime(0);
     turnpost::pictures::Evening evening(arguments[3], arguments[4]);
     try {
