@@ -5,7 +5,6 @@
 #include <QAbstractListModel>
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QToolTip>
@@ -128,18 +127,6 @@ void NameList::selectLine(size_t line) {
 int NameList::selectedLine() const {
     const QModelIndexList selected = selectionModel()->selectedIndexes();
     return selected.isEmpty() ? -1 : selected.first().row();
-}
-
-bool NameList::event(QEvent* event) {
-    const bool handled = QListView::event(event);
-    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
-        update();
-    } else if (event->type() == QEvent::Paint && hasFocus()) {
-        QPainter painter(this);
-        painter.setPen(palette().color(QPalette::Highlight));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    }
-    return handled;
 }
 
 void NameList::keyPressEvent(QKeyEvent* event) {

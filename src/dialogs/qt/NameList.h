@@ -33,7 +33,6 @@ class NameList final : public QListView {
     void cutInTheMiddle() { setTextElideMode(Qt::ElideMiddle); }
 
   protected:
-    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:

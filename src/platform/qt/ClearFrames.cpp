@@ -7,11 +7,21 @@ namespace turnpost {
 
 namespace {
 
-// Between the window and its text; three times as light as a usual dark window.
-QColor outlineOf(const QPalette& palette) {
-    QColor colour = palette.color(QPalette::WindowText);
-    colour.setAlphaF(0.4F);
-    return colour;
+// What to draw over Fusion's outline; an invalid colour leaves it.
+QColor outlineOf(QStyle::PrimitiveElement element, const QStyleOption& option) {
+    const bool focus = option.state.testFlag(QStyle::State_HasFocus);
+    if (element == QStyle::PE_Frame && focus) {
+        return option.palette.color(QPalette::Highlight);
+    }
+    QColor text = option.palette.color(QPalette::WindowText);
+    const bool dark = option.palette.color(QPalette::Window).lightness() < text.lightness();
+    // Fusion's own outlines show the focus too, those of options only when it came by a key.
+    if (!dark || (focus && (element == QStyle::PE_FrameLineEdit ||
+                            option.state.testFlag(QStyle::State_KeyboardFocusChange)))) {
+        return {};
+    }
+    text.setAlphaF(0.4F);
+    return text;
 }
 
 } // namespace
@@ -19,23 +29,20 @@ QColor outlineOf(const QPalette& palette) {
 void ClearFrames::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                 QPainter* painter, const QWidget* widget) const {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
-    const QPalette& palette = option->palette;
-    const bool dark = palette.color(QPalette::Window).lightness() <
-                      palette.color(QPalette::WindowText).lightness();
     const bool angular =
         element == PE_FrameLineEdit || element == PE_Frame || element == PE_IndicatorCheckBox;
     const bool round = element == PE_IndicatorRadioButton;
-    // Fusion shows the focus in the outline, that of options only when it came by a key.
-    const bool showsFocus =
-        option->state.testFlag(State_HasFocus) &&
-        (element == PE_FrameLineEdit || option->state.testFlag(State_KeyboardFocusChange));
-    if (!dark || showsFocus || !(angular || round)) {
+    if (!angular && !round) {
+        return;
+    }
+    const QColor colour = outlineOf(element, *option);
+    if (!colour.isValid()) {
         return;
     }
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->translate(0.5, 0.5);
-    painter->setPen(outlineOf(palette));
+    painter->setPen(colour);
     painter->setBrush(Qt::NoBrush);
     const QRect outline = option->rect.adjusted(0, 0, -1, -1);
     if (round) {

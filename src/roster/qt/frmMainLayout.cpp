@@ -90,6 +90,13 @@ void frmMain::addProgress() {
     Label8->setContentsMargins({});
     Label8->setFrameStyle(QFrame::Box | QFrame::Plain);
     Label8->setIndent(1);
+    // In a font of tall lines, the bar would hide what hangs below the letters.
+    QFont fitting = Label8->font();
+    while (QFontMetrics(fitting).height() >
+           toPixels(780 - 540) - Label8->frameWidth() - Label8->indent()) {
+        fitting.setPixelSize(fitting.pixelSize() - 1);
+    }
+    Label8->setFont(fitting);
     addLabel("Label6", "0%", twipsRect(5880, 780, 255, 255));
     Shape1 = new QFrame(client());
     Shape1->setObjectName("Shape1");
