@@ -11,6 +11,7 @@
 #include "platform/qt/ClearFrames.h"
 #include "platform/qt/QtMessageBox.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/ScreenReading.h"
 #include "smtp/qt/frmProgRept.h"
 
 #include <QApplication>
@@ -37,6 +38,7 @@ void Desktop::prepareToolkit() {
     QApplication::setApplicationName(applicationTitle);
     QApplication::setDesktopFileName("net.nimbusturnpost.Turnpost");
     // The layouts are exact to the pixel; other styles' margins would clip captions.
+    prepareScreenReading();
     QApplication::setStyle(new ClearFrames);
     QApplication::setQuitOnLastWindowClosed(false);
     QIcon icon;
