@@ -75,10 +75,10 @@ void Evening::firstStart() {
     take(person.window(), "main-empty");
 }
 
-void Evening::find(const QString& game) {
-    person.watcher().expect("frmOpen", [this, game](QWidget& form) {
+void Evening::find(const QString& game, const QString& picture) {
+    person.watcher().expect("frmOpen", [this, game, picture](QWidget& form) {
         person.selectFile(form, games + "/" + game, "GAME.HST");
-        take(form, "picker");
+        take(form, picture);
         person.click("butLoad", &form);
     });
     person.click("GameChoose");
@@ -90,7 +90,7 @@ void Evening::enter(int player, const QString& name, const QString& address) {
 }
 
 void Evening::smallGame() {
-    find("Cup");
+    find("Cup", "picker");
     person.type("GameName", "Spring Cup");
     enter(1, "Red Leader", "red@example.net");
     enter(2, "Blue Fleet", "blue@example.net");
@@ -152,7 +152,7 @@ void Evening::sending() {
 }
 
 void Evening::fullGame() {
-    find("League");
+    find("League", "picker-16");
     person.type("GameName", "Grand League");
     for (int player = 1; player <= rowCount; ++player) {
         enter(player, QString("Emperor of Realm %1").arg(player),

@@ -21,7 +21,7 @@ class Evening {
     void dialogs();
     void sending();
     void fullGame();
-    void find(const QString& game);
+    void find(const QString& game, const QString& picture);
     void enter(int player, const QString& name, const QString& address);
     void take(QWidget& window, const QString& name);
     desk::Answer answer(desk::Point point, int connection, const std::string& line);
