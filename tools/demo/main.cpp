@@ -32,6 +32,10 @@ int main(int argc, char** argv) {
     if (headless) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
+    if (qEnvironmentVariableIsEmpty("QT_LOGGING_RULES")) {
+        // The toolkit warns of what a desktop without a screen or a session lacks.
+        qputenv("QT_LOGGING_RULES", "*.warning=false");
+    }
     QApplication application(argc, argv);
     turnpost::Desktop::prepareToolkit();
     const QString folder = QFileInfo(QString::fromStdString(arguments.back())).absoluteFilePath();

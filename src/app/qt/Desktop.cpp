@@ -8,8 +8,10 @@
 #include "dialogs/qt/frmStore.h"
 #include "platform/Folders.h"
 #include "platform/Version.h"
+#include "platform/qt/ClearFrames.h"
 #include "platform/qt/QtMessageBox.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/ScreenReading.h"
 #include "smtp/qt/frmProgRept.h"
 
 #include <QApplication>
@@ -36,7 +38,8 @@ void Desktop::prepareToolkit() {
     QApplication::setApplicationName(applicationTitle);
     QApplication::setDesktopFileName("net.nimbusturnpost.Turnpost");
     // The layouts are exact to the pixel; other styles' margins would clip captions.
-    QApplication::setStyle("Fusion");
+    prepareScreenReading();
+    QApplication::setStyle(new ClearFrames);
     QApplication::setQuitOnLastWindowClosed(false);
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128, 256}) {

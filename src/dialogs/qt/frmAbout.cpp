@@ -24,11 +24,11 @@ void setFontSize(QLabel* label, double points, bool bold) {
 
 frmAbout::frmAbout(QWidget* parent, const Version& version)
     : Form(parent, "frmAbout", QString("About ") + applicationTitle, {6465, 3555}) {
+    QLabel* lblTitle = addLabel("lblTitle", applicationTitle, twipsRect(120, 180, 6285, 480));
+    setFontSize(lblTitle, 13.5, true);
     QLabel* lblVersion = addLabel("lblVersion", QString("Version ") + toQt(versionText(version)),
                                   twipsRect(120, 720, 6285, 285));
     setFontSize(lblVersion, 12, false);
-    QLabel* lblTitle = addLabel("lblTitle", applicationTitle, twipsRect(120, 180, 6285, 480));
-    setFontSize(lblTitle, 13.5, true);
     QLabel* lblDescription = addLabel("lblDescription", toQt(credits()).replace("\r\n", "\n"),
                                       twipsRect(150, 1125, 6285, 1950));
     setFontSize(lblDescription, 9.75, false);

@@ -72,6 +72,8 @@ void frmOpen::addControls() {
     Drive1 = new CuttingComboBox(client());
     Drive1->setObjectName("Drive1");
     Drive1->setAccessibleName("Drive");
+    // Screen readers of some systems take the chosen text for the name.
+    Drive1->setAccessibleDescription("Drive");
     Drive1->setGeometry(twipsRect(240, 420, 2775, 315));
     Dir1 = new NameList(client(), "Dir1", "Folder");
     Dir1->setGeometry(twipsRect(240, 900, 2775, 3690));

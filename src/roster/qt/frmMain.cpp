@@ -1,5 +1,6 @@
 #include "roster/qt/frmMain.h"
 
+#include "platform/qt/FilledBar.h"
 #include "platform/qt/OneLineBox.h"
 #include "platform/qt/QtText.h"
 #include "roster/qt/MainClosing.h"
@@ -7,21 +8,13 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <cmath>
 #include <utility>
 
 namespace turnpost {
-
-namespace {
-
-constexpr int trackLength = 176; // pixels, between the "0%" and "100%" labels
-
-} // namespace
 
 void frmMain::showValues() {
     const SharedValues& values = application.values();
@@ -36,7 +29,7 @@ void frmMain::showValues() {
 }
 
 void frmMain::setProgress(double fraction) {
-    Shape1->resize(static_cast<int>(std::lround(fraction * trackLength)), Shape1->height());
+    Shape1->setFraction(fraction);
 }
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {

@@ -5,12 +5,13 @@
 #include "roster/qt/RosterRows.h"
 
 class QAction;
-class QFrame;
 class QMenu;
 class QMenuBar;
 class QRadioButton;
 
 namespace turnpost {
+
+class FilledBar;
 
 /// The main window: shows the shared values and hands every command on.
 class frmMain final : public Form {
@@ -28,13 +29,13 @@ class frmMain final : public Form {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    void addGameBoxes();
-    void addButtons();
-    void addSelection();
-    void addProgress();
-    void addHeadings();
+    // In the order of reading, which is that of Tab too: the menus, then line by line.
     void addMenus();
-    void setTabOrderByLines();
+    void addNameLine();
+    void addPathLine();
+    void addProgress();
+    void addSelection();
+    void addHeadings();
     QAction* addItem(QMenu* menu, const char* name, const QString& caption,
                      void (frmMain::*handler)());
 
@@ -59,7 +60,7 @@ class frmMain final : public Form {
     QLineEdit* GameName = nullptr;
     QLineEdit* txtGamePath = nullptr;
     QLabel* txtYear = nullptr;
-    QFrame* Shape1 = nullptr;
+    FilledBar* Shape1 = nullptr;
     QPushButton* Command1 = nullptr;
     QPushButton* butSend = nullptr;
     std::array<QRadioButton*, 3> PlaySel{};

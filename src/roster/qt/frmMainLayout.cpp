@@ -1,10 +1,10 @@
 #include "roster/qt/frmMain.h"
 
+#include "platform/qt/FilledBar.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Twips.h"
 
 #include <QAction>
-#include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -17,30 +17,15 @@ namespace turnpost {
 frmMain::frmMain(Application& usedApplication)
     : Form(nullptr, "frmMain", {}, {9600, 7200}, Frame::MainWindow), application(usedApplication) {
     addMenus();
-    addGameBoxes();
-    addSelection();
-    addButtons();
+    addNameLine();
+    addPathLine();
     addProgress();
+    addSelection();
     addHeadings();
     rows = new RosterRows(client(), application.game());
-    setTabOrderByLines();
 }
 
-void frmMain::setTabOrderByLines() {
-    const char* const order[] = {"GameName",    "Command1",        "butSend",    "butAtch",
-                                 "txtGamePath", "GameChoose",      "PlaySel(0)", "PlaySel(1)",
-                                 "PlaySel(2)",  "IncludePlayer(0)"};
-    QWidget* before = nullptr;
-    for (const char* name : order) {
-        auto* control = findChild<QWidget*>(name);
-        if (before != nullptr) {
-            setTabOrder(before, control);
-        }
-        before = control;
-    }
-}
-
-void frmMain::addGameBoxes() {
+void frmMain::addNameLine() {
     addLabel("Label4", "Game Name:", twipsRect(60, 120, 1575, 255));
     GameName = addTextBox("GameName", twipsRect(1440, 120, 2955, 345), "Game name");
     connect(GameName, &QLineEdit::textChanged, this,
@@ -52,9 +37,39 @@ void frmMain::addGameBoxes() {
     txtYear->setAlignment(Qt::AlignCenter);
     txtYear->setBackgroundRole(QPalette::Base);
     txtYear->setAutoFillBackground(true);
+    Command1 = addButton("Command1", "Send via MAPI", twipsRect(5760, 60, 975, 495));
+    butSend = addButton("butSend", "Send via SMTP", twipsRect(6780, 60, 915, 495));
+    QPushButton* butAtch = addButton("butAtch", "Attachments", twipsRect(8280, 60, 1095, 495));
+    QPushButton* butSend2 = addButton("butSend2", "Command2", twipsRect(1080, 120, 1575, 195));
+    butSend2->hide();
+    Command1->installEventFilter(this);
+    butSend->installEventFilter(this);
+    connect(Command1, &QPushButton::clicked, this, &frmMain::Command1_Click);
+    connect(butSend, &QPushButton::clicked, this, &frmMain::butSend_Click);
+    connect(butAtch, &QPushButton::clicked, this, &frmMain::butAtch_Click);
+    connect(butSend2, &QPushButton::clicked, this, &frmMain::butSend2_Click);
+}
+
+void frmMain::addPathLine() {
     addLabel("Label5", "Game Path:", twipsRect(60, 480, 1575, 255));
     txtGamePath = addTextBox("txtGamePath", twipsRect(1440, 480, 3195, 345), "Game path");
     makeReadOnly(txtGamePath);
+    QPushButton* GameChoose = addButton("GameChoose", "Find Game", twipsRect(4680, 480, 975, 315));
+    connect(GameChoose, &QPushButton::clicked, this, &frmMain::GameChoose_Click);
+}
+
+void frmMain::addProgress() {
+    QLabel* Label8 = addLabel("Label8", "Sending Progress", twipsRect(5760, 540, 3615, 615));
+    Label8->setContentsMargins({});
+    Label8->setFrameStyle(QFrame::Box | QFrame::Plain);
+    // It would count from the top too, and the bar hide what hangs below the letters.
+    Label8->setIndent(0);
+    addLabel("Label6", "0%", twipsRect(5880, 780, 255, 255));
+    Shape1 = new FilledBar(client(), toPixels(2640));
+    Shape1->setObjectName("Shape1");
+    Shape1->setAccessibleName("Sending progress");
+    Shape1->setGeometry(twipsRect(6240, 780, 2640, 255));
+    addLabel("Label7", "100%", twipsRect(8880, 780, 495, 255));
 }
 
 void frmMain::addSelection() {
@@ -67,37 +82,6 @@ void frmMain::addSelection() {
         PlaySel[i]->setGeometry(places[i]);
         PlaySel[i]->installEventFilter(this);
     }
-}
-
-void frmMain::addButtons() {
-    QPushButton* GameChoose = addButton("GameChoose", "Find Game", twipsRect(4680, 480, 975, 315));
-    Command1 = addButton("Command1", "Send via MAPI", twipsRect(5760, 60, 975, 495));
-    butSend = addButton("butSend", "Send via SMTP", twipsRect(6780, 60, 915, 495));
-    QPushButton* butAtch = addButton("butAtch", "Attachments", twipsRect(8280, 60, 1095, 495));
-    QPushButton* butSend2 = addButton("butSend2", "Command2", twipsRect(1080, 120, 1575, 195));
-    butSend2->hide();
-    Command1->installEventFilter(this);
-    butSend->installEventFilter(this);
-    connect(Command1, &QPushButton::clicked, this, &frmMain::Command1_Click);
-    connect(butAtch, &QPushButton::clicked, this, &frmMain::butAtch_Click);
-    connect(GameChoose, &QPushButton::clicked, this, &frmMain::GameChoose_Click);
-    connect(butSend, &QPushButton::clicked, this, &frmMain::butSend_Click);
-    connect(butSend2, &QPushButton::clicked, this, &frmMain::butSend2_Click);
-}
-
-void frmMain::addProgress() {
-    QLabel* Label8 = addLabel("Label8", "Sending Progress", twipsRect(5760, 540, 3615, 615));
-    Label8->setContentsMargins({});
-    Label8->setFrameStyle(QFrame::Box | QFrame::Plain);
-    Label8->setIndent(1);
-    addLabel("Label6", "0%", twipsRect(5880, 780, 255, 255));
-    Shape1 = new QFrame(client());
-    Shape1->setObjectName("Shape1");
-    Shape1->setAccessibleName("Sending progress");
-    Shape1->setGeometry(twipsRect(6240, 780, 2640, 255));
-    Shape1->setBackgroundRole(QPalette::Highlight);
-    Shape1->setAutoFillBackground(true);
-    addLabel("Label7", "100%", twipsRect(8880, 780, 495, 255));
 }
 
 void frmMain::addHeadings() {
@@ -117,6 +101,7 @@ QAction* frmMain::addItem(QMenu* menu, const char* name, const QString& caption,
 
 void frmMain::addMenus() {
     menuBar = new QMenuBar(this);
+    menuBar->lower();
     const auto addMenu = [this](const char* name, const QString& caption) {
         QMenu* menu = menuBar->addMenu(caption);
         menu->setObjectName(name);

@@ -16,20 +16,20 @@ QLabel Label4 60 120 1575 255 "Game Name:"
 QLineEdit GameName 1440 120 2955 345 "" (Game name)
 QLabel Label10 4440 120 615 315 "Year:"
 QLabel,framed,centred txtYear 5040 120 615 315 "9999"
-QLabel Label5 60 480 1575 255 "Game Path:"
-QLineEdit,readOnly txtGamePath 1440 480 3195 345 "" (Game path)
-QRadioButton PlaySel(0) 180 900 795 315 "All"
-QRadioButton PlaySel(1) 1020 900 855 315 "None"
-QRadioButton PlaySel(2) 1920 900 855 315 "Invert"
-QPushButton GameChoose 4680 480 975 315 "Find Game"
 QPushButton Command1 5760 60 975 495 "Send via MAPI"
 QPushButton butSend 6780 60 915 495 "Send via SMTP"
 QPushButton butAtch 8280 60 1095 495 "Attachments"
 QPushButton,hidden butSend2 1080 120 1575 195 "Command2"
+QLabel Label5 60 480 1575 255 "Game Path:"
+QLineEdit,readOnly txtGamePath 1440 480 3195 345 "" (Game path)
+QPushButton GameChoose 4680 480 975 315 "Find Game"
 QLabel,framed Label8 5760 540 3615 615 "Sending Progress"
 QLabel Label6 5880 780 255 255 "0%"
 QFrame Shape1 6240 780 0 255 "" (Sending progress)
 QLabel Label7 8880 780 495 255 "100%"
+QRadioButton PlaySel(0) 180 900 795 315 "All"
+QRadioButton PlaySel(1) 1020 900 855 315 "None"
+QRadioButton PlaySel(2) 1920 900 855 315 "Invert"
 QLabel Label1 840 1200 2775 255 "Player Name "
 QLabel Label2 3060 1200 2415 255 "Player Email Address"
 QLabel Label9 5580 1200 2415 315 "Alternate Email"
@@ -90,8 +90,8 @@ frmProgRept 4770 4755 "Turn Sending Report" txtReport
 QPlainTextEdit,readOnly,unscrolled txtReport 240 240 4335 4215 "" (Sending report)
 
 frmAbout 6465 3555 "About Nimbus Turnpost" cmdOK
-QLabel,16px lblVersion 120 720 6285 285 "Version 1.3.0"
 QLabel,18px,bold lblTitle 120 180 6285 480 "Nimbus Turnpost"
+QLabel,16px lblVersion 120 720 6285 285 "Version 1.3.0"
 QLabel,13px lblDescription 150 1125 6285 1950 ""
 QPushButton cmdOK 5160 3180 1260 345 "OK"
 )table";

@@ -1,0 +1,183 @@
+"""A host's whole evening by keys alone, in the real program on a screen of its own, read as screen
+readers do. usage: dbus-run-session -- evening_by_keys.py PROGRAM SCRIPT_OF_A_MAIL_SERVER"""
+
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib
+
+MAIN = "Nimbus Turnpost Version 1.3.0"
+ROW = "check box:Player {0} included|text:Player {0} name|text:Player {0} e-mail address|" \
+      "text:Player {0} alternate e-mail address|text:Player {0} turn file"
+MAIN_CONTROLS = f"""frame:{MAIN}|menu bar:|menu item:File|menu item:Settings|menu item:Stored Games|
+menu item:Help|filler:|label:Game Name:|text:Game name|label:Year:|label:2405|
+push button:Send via MAPI|push button:Send via SMTP|push button:Attachments|label:Game Path:|
+text:Game path|push button:Find Game|label:Sending Progress|label:0%|progress bar:Sending progress|
+label:100%|radio button:All|radio button:None|radio button:Invert|label:Player Name |
+label:Player Email Address|label:Alternate Email|label:Turn File|
+label:1|{ROW.format(1)}|label:3|{ROW.format(3)}""".replace("\n", "")
+NAMELESS = {"filler", "menu bar", "scroll bar", "panel"}
+
+
+def until(answer, what):
+    end = time.monotonic() + 20
+    while time.monotonic() < end:
+        try:
+            if found := answer():
+                return found
+        except GLib.Error:
+            pass  # A window went away meanwhile.
+        time.sleep(0.02)
+    raise AssertionError(f"no {what}")
+
+
+def children(node):
+    return [node.get_child_at_index(i) for i in range(node.get_child_count())]
+
+
+def showing(node):
+    """The node and all that shows in it, in the order of reading."""
+    if node.get_state_set().contains(Atspi.StateType.SHOWING):
+        yield node
+        for child in children(node):
+            yield from showing(child)
+
+
+def in_state(nodes, state):
+    return [node for node in nodes if node.get_state_set().contains(state)]
+
+
+def kind(node):
+    return f"{node.get_role_name()}:{node.get_name()}"
+
+
+def window(title):
+    """Waits until the window is active. All that shows in it must have a role and a name."""
+    global front
+    form, = until(lambda: [form for app in children(Atspi.get_desktop(0))
+                           for form in in_state(children(app), Atspi.StateType.ACTIVE)
+                           if form.get_name() == title], title)
+    front = list(showing(form))
+    for node in front:
+        assert node.get_role_name() not in ("unknown", "invalid"), kind(node)
+        assert node.get_name() or node.get_role_name() in NAMELESS, (title, kind(node))
+
+
+def control(role):
+    return next(node for node in front if node.get_role_name() == role)
+
+
+def press(*keys):
+    subprocess.run(["xdotool", "key", "--delay", "30", *keys], check=True)
+
+
+def write(name, text):
+    go_to(name)
+    subprocess.run(["xdotool", "type", "--delay", "20", text], check=True)
+
+
+def go_to(name, *keys):
+    """By Tab to the control, and there the keys."""
+    # The toolkit says of a list's current item that it has the focus, wherever that is.
+    stops = [node for node in in_state(front, Atspi.StateType.FOCUSABLE)
+             if node.get_role_name() != "list item"]
+
+    def focus():
+        return [node.get_name() for node in in_state(stops, Atspi.StateType.FOCUSED)]
+
+    now = until(focus, "focus")
+    for _ in range(40):
+        if now == [name]:
+            return keys and press(*keys)
+        press("Tab")
+        now = until(lambda: [name for name in focus() if name not in now], f"focus behind {now}")
+    raise AssertionError(f"Tab does not reach {name}")
+
+
+def evening(home, port, program):
+    window("Email Settings")
+    write("Your name", "Game Host")
+    write("Your email address", "host@example.org")
+    write("SMTP address", f"127.0.0.1:{port}")
+    go_to("OK", "Return")
+    window(MAIN)
+    write("Game name", "Cup")
+    go_to("Find Game", "Return")
+    window("Locate File")
+    press("Down", "Return")
+    go_to("File", "Down", "Return")
+    window(MAIN)
+    read = "|".join(kind(node) for node in front)
+    assert read == MAIN_CONTROLS, read
+    write("Player 1 name", "Red Leader")
+    write("Player 1 e-mail address", "red@example.net")
+    go_to("Player 3 included", "space")
+    press("alt+f", "Right", "m")
+    window("Edit Message")
+    go_to("Default", "space")
+    go_to("OK", "space")
+    window(MAIN)
+    press("alt+f", "s")
+    window("Nimbus Turnpost")
+    assert control("label").get_name() == f"Details saved to {home}/game/GAME.NTP"
+    press("Return")
+    window(MAIN)
+    press("alt+f", "Right", "Right", "Up", "Return")
+    window("Where to store current game details?")
+    go_to("Store", "Return")
+    go_to("OK", "Return")
+    window(MAIN)
+    go_to("Attachments", "Return")
+    window("Attachments")
+    go_to("OK", "Return")
+    window(MAIN)
+    go_to("Send via SMTP", "Return")
+    window("Turn Sending Report")
+    report = Atspi.Text.get_text(control("text"), 0, -1).splitlines()
+    came_of_it = ["Email sent OK"] + ["Player Skipped"] * 15
+    assert report == [f"Player {i}: {said}" for i, said in enumerate(came_of_it, 1)], report
+    press("alt+F4")
+    window(MAIN)
+    assert Atspi.Value.get_current_value(control("progress bar")) == 100
+    press("alt+f", "x")
+    assert program.wait(20) == 0
+
+
+started = []
+
+
+def start(*command, **options):
+    started.append(subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                    stderr=subprocess.DEVNULL, text=True, **options))
+    return started[-1]
+
+
+with tempfile.TemporaryDirectory() as folder:
+    home = Path(folder, "turnpost")
+    (home / "game").mkdir(parents=True)
+    for name, content in {"HST": "J3J3host....\5\0rest", "M1": "one", "M3": "three"}.items():
+        (home / "game" / f"GAME.{name}").write_text(content)
+    program = shutil.copy(sys.argv[1], home)
+    os.environ.update(HOME=folder, XDG_RUNTIME_DIR=folder, QT_QPA_PLATFORM="xcb",
+                      QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+    try:
+        screen, number = os.pipe()
+        start("Xvfb", "-displayfd", str(number), pass_fds=[number])
+        os.environ["DISPLAY"] = ":" + os.read(screen, 9).decode().strip()
+        start("openbox")
+        port = start(sys.executable, sys.argv[2], f"{folder}/mail").stdout.readline().strip()
+        # What was once read of a control would stay as it was.
+        Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
+        evening(home, port, start(program))
+    finally:
+        for process in reversed(started):
+            process.kill()
+            process.wait()
