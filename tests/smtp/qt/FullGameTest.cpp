@@ -136,7 +136,8 @@ class FullGame : public WindowTest {
         const TempFolder files;
         files.write("blocks", blocks);
 #ifdef _WIN32
-        for (const auto& [name, bytes] : decodeUuBlocks(withCrLf(blocks)).value()) {
+        const auto sent = decodeUuBlocks(withCrLf(blocks)).value();
+        for (const auto& [name, bytes] : sent) {
             files.write(name, bytes);
         }
 #else
