@@ -57,6 +57,21 @@ TEST_F(GameFiles, TheDefaultGameIsLoadedAtTheStartOnlyAndWithoutAPicker) {
     }
 }
 
+TEST_F(GameFiles, SavedOnAnotherSystemAreTheSameToTheByteButForTheirFolder) {
+    const TempFolder moved;
+    const std::string there = host.read("GAME.NTP");
+    for (const std::string other : {"/home/me/my game/", "D:\\Games\\"}) {
+        std::string bytes = there;
+        moved.write("GAME.NTP", bytes.replace(bytes.find(folder), folder.size(), other));
+        moved.write("GAME.HST", host.read("GAME.HST"));
+        open(moved, "GAME.NTP");
+        application.saveGame();
+        bytes.replace(bytes.find(other), other.size(), moved.path(""));
+        EXPECT_EQ(moved.read("GAME.NTP"), bytes);
+        EXPECT_EQ(host.read("GAME.NTP"), there);
+    }
+}
+
 TEST_F(GameFiles, AMovedGameIsTheOneBesideItsFileUnlessTheOldPlaceStillHoldsIt) {
     const TempFolder moved;
     moved.write("GAME.NTP", host.read("GAME.NTP"));

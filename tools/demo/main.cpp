@@ -1,6 +1,7 @@
 #include "DemoRun.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <iostream>
 
@@ -38,7 +39,8 @@ int main(int argc, char** argv) {
     }
     QApplication application(argc, argv);
     turnpost::Desktop::prepareToolkit();
-    const QString folder = QFileInfo(QString::fromStdString(arguments.back())).absoluteFilePath();
+    const QString folder = QDir::toNativeSeparators(
+        QFileInfo(QString::fromStdString(arguments.back())).absoluteFilePath());
     turnpost::demo::DemoRun demo(folder.toStdString());
     bool good = false;
     try {
