@@ -28,7 +28,7 @@ NAMELESS = {"filler", "menu bar", "scroll bar", "panel"}
 
 
 def until(answer, what):
-    end = time.monotonic() + 20
+    end = time.monotonic() + 60
     while time.monotonic() < end:
         try:
             if found := answer():
@@ -148,7 +148,7 @@ def evening(home, port, program):
     window(MAIN)
     assert Atspi.Value.get_current_value(control("progress bar")) == 100
     press("alt+f", "x")
-    assert program.wait(20) == 0
+    assert program.wait(60) == 0
 
 
 started = []
