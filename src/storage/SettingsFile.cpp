@@ -70,7 +70,8 @@ bool comesBack(const Settings& settings) {
 SettingsFile::SettingsFile(const std::string& programFolder,
                            const std::string& configurationFolder) {
     filePath = joinPath(programFolder, fileName);
-    if (!findPath(filePath) && !isFolderWritable(programFolder) && !configurationFolder.empty()) {
+    const bool isOurs = nameOfPath(programFolder) != "bin" && isFolderWritable(programFolder);
+    if (!findPath(filePath) && !isOurs && !configurationFolder.empty()) {
         filePath = joinPath(configurationFolder, fileName);
     }
 }

@@ -30,7 +30,8 @@ std::string printSettings(const Settings& settings);
 bool comesBack(const Settings& settings);
 
 /// TURNPOST.INI: in the program's folder when it is there already or can be made there, else in the
-/// person's configuration folder.
+/// person's configuration folder. A folder called bin is one of many programs, where none may leave
+/// its settings, even when the person could write them.
 class SettingsFile {
   public:
     enum class Outcome { Missing, Read, Damaged };

@@ -124,6 +124,8 @@ TEST_F(SettingsFiles, GoIntoTheProgramsFolderOrTheConfigurationFolderWhenThatTak
     file.write(sample);
     EXPECT_EQ(program.names(), Names({"TURNPOST.INI"}));
     EXPECT_EQ(configuration.names(), Names());
+    program.makeFolder("bin");
+    EXPECT_EQ(SettingsFile(program.path("bin"), "there").path(), joinPath("there", "TURNPOST.INI"));
     file = SettingsFile(program.path("missing"), joinPath(configuration.path("not"), "yet"));
     file.write(sample);
     EXPECT_EQ(configuration.names(), Names({"not"}));
