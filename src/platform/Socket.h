@@ -39,7 +39,7 @@ class Socket {
     virtual std::chrono::steady_clock::duration silence() const = 0;
 
     /// Queues bytes for sending, in order. Ignored without a connection.
-    virtual void SendData(const std::string& bytes) = 0;
+    virtual void SendData(std::string bytes) = 0;
 
     /// All bytes waiting; empty when there are none.
     virtual std::string GetData() = 0;

@@ -4,6 +4,7 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace turnpost {
 
@@ -15,6 +16,33 @@ std::string wireLine(std::string_view text) {
 
 std::string trimmedLine(std::string_view text) {
     return trimSpaces(oneLine(text));
+}
+
+// In place: a copy would take the memory of a large file once more. Blocks are ASCII but for the
+// names in their header lines, the only ones that start with a small "b"; no more than the last
+// data line of each can start with a period.
+void blocksToWire(std::string& blocks) {
+    for (size_t line = 0; line < blocks.size();
+         line = std::min(blocks.find('\n', line), blocks.size() - 1) + 1) {
+        if (blocks[line] == '.') {
+            blocks.insert(line, 1, '.');
+        } else if (blocks[line] == 'b') {
+            const size_t length = blocks.find('\r', line) - line;
+            blocks.replace(line, length, toWireBytes(blocks.substr(line, length)));
+        }
+    }
+}
+
+// Every period at the start of a line doubled.
+std::string bodyToWire(std::string_view text) {
+    std::string bytes;
+    while (!text.empty()) {
+        const size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
+        const std::string line = toWireBytes(text.substr(0, length));
+        bytes.append(line.starts_with('.') ? "." : "").append(line);
+        text.remove_prefix(length);
+    }
+    return bytes;
 }
 
 } // namespace
@@ -33,18 +61,8 @@ std::string recipientLine(const PlayerSlot& player) {
     return wireLine("RCPT TO:" + trimmedLine(player.PlayerEmail));
 }
 
-void appendToWire(std::string& bytes, std::string_view text) {
-    // Line by line: all at once, an attachment of many megabytes would be there several times.
-    while (!text.empty()) {
-        const size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
-        const std::string line = toWireBytes(text.substr(0, length));
-        bytes.append(line.starts_with('.') ? "." : "").append(line);
-        text.remove_prefix(length);
-    }
-}
-
 std::vector<std::string> messageText(const Settings& settings, const PlayerSlot& player,
-                                     const SendState& state) {
+                                     SendState& state) {
     std::vector<std::string> sends;
     sends.push_back(wireLine("From:" + settings.HostName + " <" + settings.HostEmail + ">"));
     sends.push_back(wireLine("To:" + player.PlayerName + " <" + player.PlayerEmail + ">"));
@@ -52,12 +70,10 @@ std::vector<std::string> messageText(const Settings& settings, const PlayerSlot&
         sends.push_back(wireLine("CC:" + player.PlayerName + "<" + player.AltEmail + ">"));
     }
     sends.push_back(wireLine("Subject:" + state.PlayerSubject) + "\r\n");
-    std::string& text = sends.emplace_back();
-    text.reserve(state.PlayerBody.size() + state.AttachmentText.size() +
-                 state.AttachmentText.size() / 64);
-    appendToWire(text, withCrLf(state.PlayerBody) + "\r\n\r\n");
-    appendToWire(text, state.AttachmentText);
-    appendToWire(text, "\r\n");
+    std::string& text = sends.emplace_back(std::exchange(state.AttachmentText, {}));
+    blocksToWire(text);
+    text.insert(0, bodyToWire(withCrLf(state.PlayerBody) + "\r\n\r\n"));
+    text += "\r\n";
     sends.emplace_back(".\r\n");
     return sends;
 }

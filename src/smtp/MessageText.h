@@ -5,7 +5,6 @@
 #include "storage/Settings.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace turnpost {
@@ -26,12 +25,9 @@ std::string recipientLine(const PlayerSlot& player);
 
 /// The message text as the sends that make it up: From, To, CC where there is an alternate address,
 /// Subject with the empty line that ends the header, body and attachments, and the line of one
-/// period.
+/// period. In body and attachments every period at the start of a line is doubled (RFC 5321,
+/// 4.5.2). Takes the attachments out of the state.
 std::vector<std::string> messageText(const Settings& settings, const PlayerSlot& player,
-                                     const SendState& state);
-
-/// Appends a text as bytes for the wire, every period at the start of a line doubled (RFC 5321,
-/// 4.5.2). The text starts a line; its lines end in CR LF.
-void appendToWire(std::string& bytes, std::string_view text);
+                                     SendState& state);
 
 } // namespace turnpost

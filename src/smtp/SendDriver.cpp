@@ -75,7 +75,8 @@ bool SendDriver::prepareRow() {
     // Gives its memory back, too; clear() does not.
     std::string().swap(state.AttachmentText);
     const auto attach = [this](const std::string& path) {
-        state.AttachmentText += UUEncode(path) + "\r\n";
+        // The first block is the text itself, not copied into it.
+        state.AttachmentText = std::move(state.AttachmentText) + (UUEncode(path) + "\r\n");
     };
     const auto message = applyRowRules(inputs, state.SendCursor, Transport::Smtp, attach,
                                        report[static_cast<size_t>(state.SendCursor)]);

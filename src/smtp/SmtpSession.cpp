@@ -75,10 +75,8 @@ void SmtpSession::takeNextStep() {
 }
 
 void SmtpSession::sendMessage(const PlayerSlot& player) {
-    const auto sends = messageText(settings, player, state);
-    std::string().swap(state.AttachmentText);
-    for (const std::string& bytes : sends) {
-        socket.SendData(bytes);
+    for (std::string& bytes : messageText(settings, player, state)) {
+        socket.SendData(std::move(bytes));
     }
 }
 

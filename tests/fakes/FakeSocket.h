@@ -27,7 +27,7 @@ class FakeSocket final : public Socket {
         open = true;
     }
 
-    void SendData(const std::string& bytes) override {
+    void SendData(std::string bytes) override {
         require(open, "SendData without a connection");
         sent.back() += bytes;
     }

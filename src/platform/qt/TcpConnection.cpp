@@ -107,32 +107,41 @@ void TcpConnection::finishConnect(int error) {
     readable.setEnabled(true);
 }
 
-void TcpConnection::send(const std::string& bytes) {
+void TcpConnection::send(std::string bytes) {
     if (state == State::Connected && failure == 0) {
-        outgoing += bytes;
+        outgoing.push_back(std::move(bytes));
         // To the system at once: what it has taken is delivered even when Close follows.
         sendQueued();
     }
 }
 
 void TcpConnection::sendQueued() {
-    const auto transfer = system.send(std::string_view(outgoing).substr(sent));
-    sent += transfer.count;
-    if (transfer.count > 0 && state == State::Closing) {
-        lastHeard = std::chrono::steady_clock::now();
-    }
-    if (transfer.state == Transfer::Failed) {
-        failure = transfer.error;
-        sent = outgoing.size();
-    }
-    if (sent == outgoing.size()) {
-        outgoing.clear();
-        sent = 0;
-        if (state == State::Closing) {
-            system.endSending();
+    while (!outgoing.empty()) {
+        const auto transfer = system.send(std::string_view(outgoing.front()).substr(sent));
+        sent += transfer.count;
+        if (transfer.count > 0 && state == State::Closing) {
+            lastHeard = std::chrono::steady_clock::now();
         }
+        if (transfer.state == Transfer::Later) {
+            break;
+        }
+        if (transfer.state == Transfer::Failed) {
+            failure = transfer.error;
+            dropQueued();
+            break;
+        }
+        outgoing.pop_front();
+        sent = 0;
+    }
+    if (outgoing.empty() && state == State::Closing) {
+        system.endSending();
     }
     writable.setEnabled(!outgoing.empty());
+}
+
+void TcpConnection::dropQueued() {
+    outgoing.clear();
+    sent = 0;
 }
 
 // Events are queued: one may open a modal window, or close the connection that is still at work.
@@ -195,8 +204,7 @@ void TcpConnection::leave(Queue queue) {
     state = State::Closing;
     lastHeard = std::chrono::steady_clock::now();
     if (queue == Queue::Dropped) {
-        outgoing.clear();
-        sent = 0;
+        dropQueued();
     }
     sendQueued();
 }

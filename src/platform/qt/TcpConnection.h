@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QSocketNotifier>
 #include <QTimer>
+#include <deque>
 
 namespace turnpost {
 
@@ -30,7 +31,7 @@ class TcpConnection final : public QObject {
     std::chrono::steady_clock::duration silence() const {
         return std::chrono::steady_clock::now() - lastHeard;
     }
-    void send(const std::string& bytes);
+    void send(std::string bytes);
     std::string take() { return std::exchange(incoming, {}); }
 
     enum class Queue { Dropped, Sent };
@@ -50,6 +51,7 @@ class TcpConnection final : public QObject {
     void lookAgain();
     void finishConnect(int error);
     void sendQueued();
+    void dropQueued();
     void receive();
     void end(int error);
     void report(int number, const std::string& description);
@@ -65,8 +67,8 @@ class TcpConnection final : public QObject {
     // When the server was heard last; once closing, when a byte moved last.
     std::chrono::steady_clock::time_point lastHeard = std::chrono::steady_clock::now();
     std::string incoming;
-    std::string outgoing;
-    std::size_t sent = 0; // Of `outgoing`.
+    std::deque<std::string> outgoing;
+    std::size_t sent = 0; // Of the first.
     // Of sending; reported when what has arrived before has been read.
     int failure = 0;
 };

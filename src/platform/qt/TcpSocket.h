@@ -25,9 +25,9 @@ class TcpSocket final : public QObject, public Socket {
         return connection == nullptr ? std::chrono::steady_clock::duration::max()
                                      : connection->silence();
     }
-    void SendData(const std::string& bytes) override {
+    void SendData(std::string bytes) override {
         if (connection != nullptr) {
-            connection->send(bytes);
+            connection->send(std::move(bytes));
         }
     }
     std::string GetData() override {
