@@ -1,0 +1,25 @@
+// A window of a hundred controls that do nothing, to compare the main window with.
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    QWidget window;
+    window.resize(780, 560);
+    for (int row = 0; row < 20; ++row) {
+        const QString number = QString::number(row + 1);
+        QWidget* const controls[] = {new QCheckBox(&window), new QLabel(number, &window),
+                                     new QLineEdit("Captain" + number, &window),
+                                     new QLineEdit("p" + number + "@example.org", &window),
+                                     new QPushButton("Button " + number, &window)};
+        const int places[] = {10, 40, 80, 330, 640, 770};
+        for (int i = 0; i < 5; ++i) {
+            controls[i]->setGeometry(places[i], 10 + 27 * row, places[i + 1] - places[i] - 5, 24);
+        }
+    }
+    window.show();
+    return QApplication::exec();
+}
