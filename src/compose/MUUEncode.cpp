@@ -12,7 +12,7 @@ namespace turnpost {
 namespace {
 
 constexpr size_t bytesPerLine = 45;
-constexpr size_t charactersPerLine = 61;
+constexpr size_t charactersPerLine = 63; // with its length and its end
 
 // For the header line, and for a message that is built around the block without copying it.
 constexpr size_t spareRoom = 4096;
@@ -44,14 +44,16 @@ void appendLine(std::string& block, size_t count, std::string_view groups) {
         std::copy_n(characterPairs[group >> 12].data(), 2, &line[length]);
         std::copy_n(characterPairs[group & 4095U].data(), 2, &line[length + 2]);
     }
-    block.append(line.data(), length).append("\r\n");
+    line[length] = '\r';
+    line[length + 1] = '\n';
+    block.append(line.data(), length + 2);
 }
 
 } // namespace
 
 std::string uuencodedBlock(std::string_view name, std::string_view bytes) {
     std::string block;
-    block.reserve(bytes.size() / bytesPerLine * (charactersPerLine + 2) + spareRoom);
+    block.reserve(bytes.size() / bytesPerLine * charactersPerLine + spareRoom);
     block += "begin 664 " + oneLine(name) + "\r\n";
     for (; bytes.size() >= bytesPerLine; bytes.remove_prefix(bytesPerLine)) {
         appendLine(block, bytesPerLine, bytes.substr(0, bytesPerLine));

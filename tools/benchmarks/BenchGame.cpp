@@ -23,9 +23,12 @@ GameDetails benchGame(const std::string& folder, int players) {
     game.GameYear = 2405;
     for (int i = 0; i < players; ++i) {
         const std::string number = std::to_string(i + 1);
-        game.rows[static_cast<size_t>(i)] = {
-            1,  "Captain" + number + " Of Many", "p" + number + "@example.org",
-            "", "GAME.M" + number,               true};
+        game.rows[static_cast<size_t>(i)] = {1,
+                                             "Captain" + number + " Of Many",
+                                             "p" + number + "@example.org",
+                                             "",
+                                             "GAME.M" + number,
+                                             true};
     }
     return game;
 }

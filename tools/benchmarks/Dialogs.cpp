@@ -1,5 +1,6 @@
-// Opens every dialog of the program for the first time, in a folder with a game, and prints for each
-// its name and the milliseconds from the click until the display has drawn it: bench_dialogs FOLDER
+// Opens every dialog of the program for the first time, in a folder with a game, and prints for
+// each its name and the milliseconds from the click until the display has drawn it: bench_dialogs
+// FOLDER
 #include "app/qt/Desktop.h"
 
 #include <QAction>
@@ -19,7 +20,8 @@ class FirstPaint final : public QObject {
     explicit FirstPaint(const QElapsedTimer& sinceClick) : timer(sinceClick) {}
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Paint && !seen && watched == QApplication::activeModalWidget()) {
+        if (event->type() == QEvent::Paint && !seen &&
+            watched == QApplication::activeModalWidget()) {
             seen = true;
             QTimer::singleShot(0, this, [dialog = QApplication::activeModalWidget(), this] {
                 QGuiApplication::sync();
@@ -56,8 +58,8 @@ int main(int argc, char** argv) {
         }
     };
     QTimer::singleShot(300, &window, [&] {
-        for (const char* opener : {"GameChoose", "mnuEmailSets", "mnuMsg", "butAtch", "mnuStoredCon",
-                                   "mnuAbout", "mnuSave", ""}) {
+        for (const char* opener : {"GameChoose", "mnuEmailSets", "mnuMsg", "butAtch",
+                                   "mnuStoredCon", "mnuAbout", "mnuSave", ""}) {
             QElapsedTimer timer;
             FirstPaint paint(timer);
             QApplication::instance()->installEventFilter(&paint);

@@ -1,5 +1,5 @@
-// Sends a game, and prints for each time: milliseconds, and the longest time in which the event loop
-// did nothing else. Then the memory in KiB: before the first send, and at most.
+// Sends a game, and prints for each time: milliseconds, and the longest time in which the event
+// loop did nothing else. Then the memory in KiB: before the first send, and at most.
 //   bench_send turnpost|blocking SERVER FOLDER PLAYERS BYTES TIMES
 #include "BenchGame.h"
 #include "BlockingClient.h"

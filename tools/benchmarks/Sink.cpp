@@ -32,7 +32,9 @@ void serve(int connection) {
         for (line += bytes; line.find('\n') != std::string::npos && !message;
              line.erase(0, line.find('\n') + 1)) {
             message = line.starts_with("DATA");
-            say(message ? "354 go on\r\n" : line.starts_with("QUIT") ? "221 bye\r\n" : "250 ok\r\n");
+            say(message                    ? "354 go on\r\n"
+                : line.starts_with("QUIT") ? "221 bye\r\n"
+                                           : "250 ok\r\n");
         }
     }
     close(connection);
