@@ -42,11 +42,12 @@ class TcpSockets : public testing::Test, public SocketEvents {
         log.push_back(std::to_string(number) + " " + description);
     }
 
-    static std::string failure(int number, std::string words) {
+    static std::string failure(int number, [[maybe_unused]] const std::string& words) {
 #ifdef _WIN32
-        words = socketErrorText(number);
-#endif
+        return std::to_string(number) + " " + socketErrorText(number);
+#else
         return std::to_string(number) + " " + words;
+#endif
     }
     bool logged(size_t count) {
         return waitUntil([&] { return log.size() >= count; });
