@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 namespace turnpost {
 
@@ -38,8 +39,12 @@ class Socket {
     /// How long the server has said nothing: the time since its last data, or since Connect.
     virtual std::chrono::steady_clock::duration silence() const = 0;
 
-    /// Queues bytes for sending, in order. Ignored without a connection.
-    virtual void SendData(std::string bytes) = 0;
+    enum class Send { Now, WithNext };
+
+    /// Queues bytes for sending, in order; those that may wait for the next call go out together
+    /// with its bytes. Ignored without a connection.
+    virtual void SendData(std::string bytes, Send when) = 0;
+    void SendData(std::string bytes) { SendData(std::move(bytes), Send::Now); }
 
     /// All bytes waiting; empty when there are none.
     virtual std::string GetData() = 0;

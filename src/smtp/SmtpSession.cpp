@@ -75,8 +75,10 @@ void SmtpSession::takeNextStep() {
 }
 
 void SmtpSession::sendMessage(const PlayerSlot& player) {
-    for (std::string& bytes : messageText(settings, player, state)) {
-        socket.SendData(std::move(bytes));
+    auto sends = messageText(settings, player, state);
+    for (std::string& bytes : sends) {
+        const bool last = &bytes == &sends.back();
+        socket.SendData(std::move(bytes), last ? Socket::Send::Now : Socket::Send::WithNext);
     }
 }
 

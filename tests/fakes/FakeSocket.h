@@ -27,7 +27,8 @@ class FakeSocket final : public Socket {
         open = true;
     }
 
-    void SendData(std::string bytes) override {
+    using Socket::SendData;
+    void SendData(std::string bytes, Send) override {
         require(open, "SendData without a connection");
         sent.back() += bytes;
     }

@@ -65,34 +65,43 @@ double sendTurnpost(const GameDetails& game, const std::string& server) {
     return longest;
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
-    QCoreApplication application(argc, argv);
-    if (argc != 7) {
-        return 2;
-    }
-    const bool blocking = argv[1] == std::string("blocking");
-    const std::string server = argv[2];
-    const int players = std::stoi(argv[4]);
-    bench::makeBenchGame(argv[3], players, std::stoul(argv[5]));
-    const GameDetails game = bench::benchGame(argv[3], players);
+void measure(char** arguments) {
+    const bool blocking = arguments[0] == std::string("blocking");
+    const std::string server = arguments[1];
+    const int players = std::stoi(arguments[3]);
+    bench::makeBenchGame(arguments[2], players, std::stoul(arguments[4]));
+    const GameDetails game = bench::benchGame(arguments[2], players);
     // What making the files took does not count.
     QFile forget("/proc/self/clear_refs");
     forget.open(QIODevice::WriteOnly);
     forget.write("5");
     forget.close();
     const long before = peakMemory();
-    for (int time = 0; time < std::stoi(argv[6]); ++time) {
+    for (int time = 0; time < std::stoi(arguments[5]); ++time) {
         QElapsedTimer timer;
         timer.start();
         double gap = 0;
         if (blocking) {
-            bench::sendBlocking(game, parseServerAddress(server)->port);
+            bench::sendBlocking(game, parseServerAddress(server).value().port);
         } else {
             gap = sendTurnpost(game, server);
         }
         std::cout << milliseconds(timer) << ' ' << gap << '\n';
     }
     std::cout << before << ' ' << peakMemory() << '\n';
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication application(argc, argv);
+    try {
+        if (argc == 7) {
+            measure(argv + 1);
+            return 0;
+        }
+    } catch (const std::exception& failure) {
+        std::cerr << failure.what() << '\n';
+    }
+    return 1;
 }

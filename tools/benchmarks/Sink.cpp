@@ -31,7 +31,7 @@ void serve(int connection) {
         }
         for (line += bytes; line.find('\n') != std::string::npos && !message;
              line.erase(0, line.find('\n') + 1)) {
-            message = line.starts_with("DATA");
+            message = line.starts_with("DATA") || line.starts_with("data");
             say(message                    ? "354 go on\r\n"
                 : line.starts_with("QUIT") ? "221 bye\r\n"
                                            : "250 ok\r\n");
@@ -46,8 +46,10 @@ int main() {
     const int listening = socket(AF_INET, SOCK_STREAM, 0);
     sockaddr_in address{AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}};
     socklen_t size = sizeof address;
-    bind(listening, reinterpret_cast<sockaddr*>(&address), size);
-    listen(listening, 64);
+    if (bind(listening, reinterpret_cast<sockaddr*>(&address), size) != 0 ||
+        listen(listening, 64) != 0) {
+        return 1;
+    }
     getsockname(listening, reinterpret_cast<sockaddr*>(&address), &size);
     std::cout << ntohs(address.sin_port) << std::endl;
     std::thread([listening] {

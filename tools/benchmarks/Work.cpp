@@ -29,7 +29,7 @@ class NoNetwork final : public Socket, public SendDisplay, public MessageBox {
     void Connect(const std::string&, std::uint16_t) override {}
     bool isOpen() const override { return false; }
     std::chrono::steady_clock::duration silence() const override { return {}; }
-    void SendData(std::string bytes) override { benchmark::DoNotOptimize(bytes.data()); }
+    void SendData(std::string bytes, Send) override { benchmark::DoNotOptimize(bytes.data()); }
     std::string GetData() override { return "250 OK\r\n"; }
     void Close() override {}
     void CloseWhenSent() override {}

@@ -15,6 +15,7 @@ constexpr std::chrono::minutes longestStillness{1};
 // On Windows the event loop takes notifiers on late, and drops them for a moment with each event.
 // What breaks the connection meanwhile is not told by all versions.
 constexpr std::chrono::milliseconds secondLook{100};
+constexpr std::size_t mostJoined = 1 << 16;
 constexpr int farewellAtProgramEnd = 100; // milliseconds
 
 constexpr int connectionReset = 10054;
@@ -107,9 +108,17 @@ void TcpConnection::finishConnect(int error) {
     readable.setEnabled(true);
 }
 
-void TcpConnection::send(std::string bytes) {
-    if (state == State::Connected && failure == 0) {
+void TcpConnection::send(std::string bytes, Socket::Send when) {
+    if (state != State::Connected || failure != 0) {
+        return;
+    }
+    // Each call of the system is a packet of its own; joining what is large would only copy it.
+    if (!outgoing.empty() && outgoing.back().size() + bytes.size() <= mostJoined) {
+        outgoing.back() += bytes;
+    } else {
         outgoing.push_back(std::move(bytes));
+    }
+    if (when == Socket::Send::Now) {
         // To the system at once: what it has taken is delivered even when Close follows.
         sendQueued();
     }

@@ -31,7 +31,7 @@ class TcpConnection final : public QObject {
     std::chrono::steady_clock::duration silence() const {
         return std::chrono::steady_clock::now() - lastHeard;
     }
-    void send(std::string bytes);
+    void send(std::string bytes, Socket::Send when);
     std::string take() { return std::exchange(incoming, {}); }
 
     enum class Queue { Dropped, Sent };

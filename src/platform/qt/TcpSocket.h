@@ -25,9 +25,10 @@ class TcpSocket final : public QObject, public Socket {
         return connection == nullptr ? std::chrono::steady_clock::duration::max()
                                      : connection->silence();
     }
-    void SendData(std::string bytes) override {
+    using Socket::SendData;
+    void SendData(std::string bytes, Send when) override {
         if (connection != nullptr) {
-            connection->send(std::move(bytes));
+            connection->send(std::move(bytes), when);
         }
     }
     std::string GetData() override {
