@@ -76,12 +76,12 @@ def control(role):
 
 
 def press(*keys):
-    subprocess.run(["xdotool", "key", "--delay", "30", *keys], check=True)
+    subprocess.run(["xdotool", "key", "--delay", "8", *keys], check=True)
 
 
 def write(name, text):
     go_to(name)
-    subprocess.run(["xdotool", "type", "--delay", "20", text], check=True)
+    subprocess.run(["xdotool", "type", "--delay", "4", text], check=True)
 
 
 def go_to(name, *keys):
