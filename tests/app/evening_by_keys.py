@@ -1,5 +1,5 @@
 """A host's whole evening by keys alone, in the real program on a screen of its own, read as screen
-readers do. usage: dbus-run-session -- evening_by_keys.py PROGRAM SCRIPT_OF_A_MAIL_SERVER"""
+readers do. usage: evening_by_keys.py PROGRAM SCRIPT_OF_A_MAIL_SERVER"""
 
 import os
 import shutil
@@ -160,14 +160,12 @@ def start(*command, **options):
     return started[-1]
 
 
-with tempfile.TemporaryDirectory() as folder:
+def play(folder):
     home = Path(folder, "turnpost")
     (home / "game").mkdir(parents=True)
     for name, content in {"HST": "J3J3host....\5\0rest", "M1": "one", "M3": "three"}.items():
         (home / "game" / f"GAME.{name}").write_text(content)
     program = shutil.copy(sys.argv[1], home)
-    os.environ.update(HOME=folder, XDG_RUNTIME_DIR=folder, QT_QPA_PLATFORM="xcb",
-                      QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
     try:
         screen, number = os.pipe()
         start("Xvfb", "-displayfd", str(number), pass_fds=[number])
@@ -181,3 +179,14 @@ with tempfile.TemporaryDirectory() as folder:
         for process in reversed(started):
             process.kill()
             process.wait()
+
+
+if len(sys.argv) > 3:
+    play(sys.argv[3])
+else:
+    with tempfile.TemporaryDirectory() as folder:
+        # Buses of its own: the person's session has its sockets where these say.
+        own = dict(os.environ, HOME=folder, XDG_RUNTIME_DIR=folder, QT_QPA_PLATFORM="xcb",
+                   QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+        sys.exit(subprocess.call(["dbus-run-session", "--", sys.executable, *sys.argv, folder],
+                                 env=own))
