@@ -127,7 +127,7 @@ def windows(folder):
                             XDG_RUNTIME_DIR=folder, QT_QPA_PLATFORM="xcb")
         try:
             for _ in range(2 * ROUNDS):
-                for what, program in ("bare", PROGRAMS / "bench_bare"), ("turnpost", turnpost):
+                for what, program in 4 * (("bare", PROGRAMS / "bench_bare"), ("turnpost", turnpost)):
                     taken, most = output(PROGRAMS / "bench_mapped", program, env=surroundings).split()
                     times["start", what].append(float(taken))
                     memory["start", what].append(int(most))

@@ -41,8 +41,9 @@ void Desktop::prepareToolkit() {
     prepareScreenReading();
     QApplication::setStyle(new ClearFrames);
     QApplication::setQuitOnLastWindowClosed(false);
+    // No window shows the largest one, which takes as long to unpack as all others together.
     QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+    for (const int size : {16, 24, 32, 48, 64, 128}) {
         icon.addFile(QString(":/icons/turnpost-%1.png").arg(size));
     }
     QApplication::setWindowIcon(icon);
