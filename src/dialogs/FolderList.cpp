@@ -1,8 +1,10 @@
 #include "dialogs/FolderList.h"
 
 #include "dialogs/FilePicker.h"
+#include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/FolderEntries.h"
+#include "platform/Messages.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
 
@@ -37,12 +39,12 @@ std::vector<FolderLine> linesDownTo(const fs::path& folder) {
     bool isServer = root.size() > 1 && isSeparator(root[0]) && isSeparator(root[1]);
     std::vector<FolderLine> lines;
     if (!isServer) {
-        lines.push_back({fromNativePath(above), fromNativePath(above)});
+        lines.push_back({fromNativePath(above), fromNativePath(above), {}});
     }
     for (const fs::path& part : folder.relative_path()) {
         above /= part;
         const std::string path = fromNativePath(above);
-        lines.push_back({isServer ? path : fromNativePath(part), path});
+        lines.push_back({isServer ? path : fromNativePath(part), path, {}});
         isServer = false;
     }
     return lines;
@@ -59,7 +61,8 @@ bool comesBefore(const Sorted& a, const Sorted& b) {
 }
 
 std::optional<FolderList> listWholePath(const fs::path& folder, const std::string& pattern) {
-    const auto entries = folderEntries(fromNativePath(folder));
+    const std::string path = fromNativePath(folder);
+    const auto entries = whyUnusable(path).empty() ? folderEntries(path) : std::nullopt;
     FolderList list;
     list.lines = linesDownTo(folder);
     if (!entries || list.lines.empty()) {
@@ -77,17 +80,24 @@ std::optional<FolderList> listWholePath(const fs::path& folder, const std::strin
     std::sort(folders.begin(), folders.end(), comesBefore);
     std::sort(files.begin(), files.end(), comesBefore);
     const std::string current = list.folder();
-    for (Sorted& subfolder : folders) {
-        std::string path = joinPath(current, subfolder.name);
-        list.lines.push_back({std::move(subfolder.name), std::move(path)});
+    for (const Sorted& subfolder : folders) {
+        list.lines.push_back(
+            {subfolder.name, joinPath(current, subfolder.name), whyUnusable(subfolder.name)});
     }
-    for (Sorted& file : files) {
-        list.files.push_back(std::move(file.name));
+    for (const Sorted& file : files) {
+        list.files.push_back({file.name, whyUnusable(file.name)});
     }
     return list;
 }
 
 } // namespace
+
+std::string whyUnusable(const std::string& path) {
+    if (!isUtf8(path)) {
+        return messages::nameIsNotUtf8();
+    }
+    return oneLine(path) == path ? std::string() : messages::nameHoldsLineBreak();
+}
 
 std::optional<FolderList> listFolder(const std::string& folder, const std::string& pattern) {
     return listWholePath(wholePath(folder), pattern);

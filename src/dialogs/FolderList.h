@@ -12,6 +12,15 @@ struct FolderLine {
     std::string name;
     /// The whole path, to open the folder by.
     std::string path;
+    /// Why it cannot be opened here (see whyUnusable); empty when it can.
+    std::string unusable;
+};
+
+/// A line of the file list.
+struct FileLine {
+    std::string name;
+    /// Why it cannot be chosen; empty when it can.
+    std::string unusable;
 };
 
 /// What the picker shows of a folder. Texts are UTF-8, but names keep their bytes on a system that
@@ -21,17 +30,22 @@ struct FolderList {
     std::vector<FolderLine> lines;
     /// The current folder's index in `lines`, which is also its depth below the root.
     size_t current = 0;
-    /// The names of the current folder's files that match.
-    std::vector<std::string> files;
+    /// The current folder's files that match.
+    std::vector<FileLine> files;
 
     /// The current folder: absolute, with the system's separators and none at its end but a root's
     /// own. Empty when nothing is listed.
     std::string folder() const { return lines.empty() ? std::string() : lines[current].path; }
 };
 
+/// Why no file of the program can hold this path, in words for a person: it is not valid UTF-8, as
+/// names from old archives are, or holds a line break. Read back, it would be another path. Empty
+/// when there is no such reason.
+std::string whyUnusable(const std::string& path);
+
 /// Lists a folder with its files that match the pattern, in one reading. Subfolders and files are
 /// sorted without regard to case, hidden ones after the others. Links count as what they lead to.
-/// Nothing when the folder cannot be listed: gone, no folder, or no permission.
+/// Nothing when the folder cannot be listed: gone, no folder, no permission, or an unusable path.
 std::optional<FolderList> listFolder(const std::string& folder, const std::string& pattern);
 
 /// The same, but of the nearest folder above when the folder itself cannot be listed. So a host who

@@ -1,5 +1,6 @@
 #include "dialogs/Volumes.h"
 
+#include "dialogs/FolderList.h"
 #include "platform/Files.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
@@ -53,12 +54,12 @@ bool isFolder(const std::string& path) {
 std::vector<std::string> placesForPeople(const std::vector<Volume>& mounted,
                                          const std::string& home, const std::string& winePrefix) {
     std::vector<std::string> places = {"/"};
-    if (isFolder(home)) {
+    if (isFolder(home) && whyUnusable(home).empty()) {
         addOnce(places, home);
     }
     for (const std::string& prefix : {winePrefix, joinPath(home, ".wine")}) {
         const std::string driveC = joinPath(prefix, "drive_c");
-        if (toNativePath(driveC).is_absolute() && isFolder(driveC)) {
+        if (isAbsolutePath(driveC) && isFolder(driveC) && whyUnusable(driveC).empty()) {
             addOnce(places, driveC);
             break;
         }

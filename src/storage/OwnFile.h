@@ -9,8 +9,8 @@ namespace turnpost {
 inline constexpr size_t mostOwnFileBytes = size_t{1} << 20;
 
 /// Replaces one of the program's own files by this text (UTF-8), in the system's code page. Throws
-/// FileError, also when it would be above mostOwnFileBytes and so be refused when it is read; the
-/// old file is then as it was.
+/// FileError, also when it would be above mostOwnFileBytes and so be refused when it is read, and
+/// when the text is not valid UTF-8; the old file is then as it was.
 void writeOwnFile(const std::string& path, const std::string& text);
 
 } // namespace turnpost

@@ -19,6 +19,10 @@ TEST(Volumes, ThePlacesAreTheRootHomeDriveCAndWhatPeopleUseButNothingOfTheSystem
     EXPECT_EQ(placesForPeople(mounted, home.path(), home.path("prefix")),
               Names({"/", home.path(), driveC, "/mnt/nas", "/bootleg"}));
     EXPECT_EQ(placesForPeople({}, home.path("gone"), home.path()), Names({"/"}));
+#ifndef _WIN32
+    home.makeFolder("Zo\xEB");
+    EXPECT_EQ(placesForPeople({}, home.path("Zo\xEB"), ""), Names({"/"})) << "no name to keep";
+#endif
     home.makeFolder(".wine/drive_c");
     EXPECT_EQ(placesForPeople({}, home.path(), "").back(), joinPath(home.path(".wine"), "drive_c"));
 }

@@ -35,10 +35,26 @@ class NameList::Model final : public QAbstractListModel {
         case Qt::DecorationRole:
             return line.icon.isNull() ? QVariant() : line.icon;
         case Qt::AccessibleDescriptionRole:
-            return line.accessibleDescription;
+            return line.unusable.isEmpty() ? line.accessibleDescription : line.unusable;
+        case Qt::ToolTipRole:
+            return line.unusable;
         default:
             return {};
         }
+    }
+
+    Qt::ItemFlags flags(const QModelIndex& index) const override {
+        const bool usable = index.isValid() && isUsable(index.row());
+        return usable ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags;
+    }
+
+    bool isUsable(int row) const { return lines[static_cast<size_t>(row)].unusable.isEmpty(); }
+
+    // The first line that can be selected, or -1.
+    int firstUsable() const {
+        const auto first = std::find_if(lines.begin(), lines.end(),
+                                        [](const Line& line) { return line.unusable.isEmpty(); });
+        return first == lines.end() ? -1 : static_cast<int>(first - lines.begin());
     }
 
     void setLines(std::vector<Line> shown) {
@@ -87,7 +103,10 @@ class NameList::Delegate final : public QStyledItemDelegate {
         const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &item, view) + 1;
         const QRect text = style->subElementRect(QStyle::SE_ItemViewItemText, &item, view);
         const bool cut = item.fontMetrics.horizontalAdvance(item.text) > text.width() - 2 * margin;
-        QToolTip::showText(event->globalPos(), cut ? plainTip(item.text) : QString(), view);
+        const QString reason = index.data(Qt::ToolTipRole).toString();
+        const QString tip = reason.isEmpty() ? item.text : item.text + "\n" + reason;
+        const bool shown = cut || !reason.isEmpty();
+        QToolTip::showText(event->globalPos(), shown ? plainTip(tip) : QString(), view);
         return true;
     }
 
@@ -134,8 +153,8 @@ void NameList::keyPressEvent(QKeyEvent* event) {
     const bool moves = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home ||
                        key == Qt::Key_End || key == Qt::Key_PageUp || key == Qt::Key_PageDown;
     // The toolkit's own keys go on from a line that has the focus but is not selected.
-    if (moves && selectedLine() < 0 && model()->rowCount() > 0) {
-        setCurrentIndex(model()->index(0, 0));
+    if (moves && selectedLine() < 0 && lineModel->firstUsable() >= 0) {
+        setCurrentIndex(model()->index(lineModel->firstUsable(), 0));
         if (key != Qt::Key_End && key != Qt::Key_PageDown) {
             return;
         }

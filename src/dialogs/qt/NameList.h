@@ -16,6 +16,9 @@ class NameList final : public QListView {
         /// How far the line is indented. A deep list indents less, so that room is left for names.
         int depth = 0;
         QString accessibleDescription;
+        /// Why the line cannot be selected; it is grey then, and its tip says this. Empty when it
+        /// can.
+        QString unusable;
     };
 
     NameList(QWidget* parent, const char* name, const QString& accessibleName);

@@ -116,15 +116,15 @@ void frmOpen::showFolder(std::optional<FolderList> folder) {
         const bool isCurrent = i == shown.current;
         lines.push_back({shownName(shown.lines[i].name), isCurrent ? open : closed,
                          static_cast<int>(std::min(i, shown.current + 1)),
-                         isCurrent ? "open folder" : QString()});
+                         isCurrent ? "open folder" : QString(), toQt(shown.lines[i].unusable)});
     }
     Dir1->setLines(std::move(lines));
     if (!shown.lines.empty()) {
         Dir1->selectLine(shown.current);
     }
     std::vector<NameList::Line> files;
-    for (const std::string& file : shown.files) {
-        files.push_back({shownName(file), {}, 0, {}});
+    for (const FileLine& file : shown.files) {
+        files.push_back({shownName(file.name), {}, 0, {}, toQt(file.unusable)});
     }
     File1->setLines(std::move(files));
     File1_Click();
@@ -187,7 +187,7 @@ void frmOpen::butLoad_Click() {
     if (file < 0) {
         return;
     }
-    application.pickFile(shown.folder(), shown.files.at(static_cast<size_t>(file)),
+    application.pickFile(shown.folder(), shown.files.at(static_cast<size_t>(file)).name,
                          LoadDef->isChecked());
     accept();
 }

@@ -125,6 +125,40 @@ TEST_F(Picker, KeysAloneOpenFoldersSelectFromTheFirstPressAndLoad) {
     EXPECT_EQ(values().game.GamePath, folder.path(".deep/"));
 }
 
+#ifndef _WIN32
+TEST_F(Picker, ANameThatNoGameFileCanHoldIsGreyedWithTheReasonAndCannotBeSelected) {
+    folder.write("!\xEB.hst", "");
+    folder.makeFolder("~\xEB");
+    in("frmOpen", "GameChoose", [this](QWidget& form) {
+        auto* files = findControl<QListView>(form, "File1");
+        auto* folders = findControl<QListView>(form, "Dir1");
+        const auto lineAt = [](QListView* list, int row) { return list->model()->index(row, 0); };
+        const QModelIndex broken = lineAt(files, 0);
+        EXPECT_EQ(broken.flags(), Qt::NoItemFlags);
+        EXPECT_TRUE(broken.data(Qt::AccessibleDescriptionRole).toString().contains("UTF-8"));
+        const QPoint place = files->visualRect(broken).center();
+        QHelpEvent tip(QEvent::ToolTip, place, files->viewport()->mapToGlobal(place));
+        QApplication::sendEvent(files->viewport(), &tip);
+        EXPECT_TRUE(QToolTip::text().contains("UTF-8")) << QToolTip::text().toStdString();
+        QTest::mouseClick(files->viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(files->viewport(), Qt::LeftButton, {}, place);
+        EXPECT_TRUE(!canLoad(form) && form.isVisible());
+        QTest::keyClick(files, Qt::Key_Down);
+        EXPECT_EQ(files->currentIndex(), lineAt(files, 1)) << "keys pass it by";
+        QTest::keyClick(files, Qt::Key_Home);
+        QTest::keyClick(files, Qt::Key_Up);
+        EXPECT_EQ(files->currentIndex(), lineAt(files, 1));
+        EXPECT_TRUE(canLoad(form));
+        const QModelIndex greyed = lineAt(folders, folders->model()->rowCount() - 2);
+        EXPECT_EQ(greyed.flags(), Qt::NoItemFlags);
+        QTest::keyClick(folders, Qt::Key_End);
+        QTest::keyClick(folders, Qt::Key_Up);
+        EXPECT_LT(folders->currentIndex().row(), greyed.row());
+        form.close();
+    });
+}
+#endif
+
 TEST_F(Picker, OpenOffersToMakeTheFileTheDefaultGameEachTimeUnticked) {
     host().type("GameName", "Cup");
     boxBy("mnuSave");
