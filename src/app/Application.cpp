@@ -27,6 +27,12 @@ void Application::findGame() {
         windows.show(messages::hostFileUnusable(error.path(), error.reason()));
         return;
     }
+    showGame();
+}
+
+// Another game's rows have no part in the send that broke off.
+void Application::showGame() {
+    windows.showBreak({});
     windows.showValues();
 }
 
@@ -39,7 +45,7 @@ void Application::newGame() {
     clearGame(shared.game);
     shared.message = {};
     shared.attachments = {};
-    windows.showValues();
+    showGame();
 }
 
 // Both ways of sending walk the rows with the same cursor. A mail client may run a message loop of
@@ -54,6 +60,7 @@ void Application::butSend_Click() {
 
 void Application::butSend2_Click() {
     if (!delivery.isDelivering()) {
+        windows.showBreak({});
         driver.butSend2_Click();
     }
 }

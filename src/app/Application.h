@@ -84,6 +84,7 @@ class Application {
     void cancelPicker() { shared.picker.PickerCancelled = 1; }
 
   private:
+    void showGame();
     void readSettings();
     void writeSettings();
     bool askForFile(const std::string& message, const std::string& pattern);

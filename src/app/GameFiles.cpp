@@ -18,6 +18,10 @@ void Application::saveGame() {
         return;
     }
     std::string path = gameDetailsFile(shared.game);
+    if (!isAbsolutePath(path)) {
+        windows.show(messages::cannotWrite(path, messages::notOfThisSystem()));
+        return;
+    }
     try {
         writeGameDetails(path, shared.game, shared.message);
     } catch (const FileError& error) {
@@ -72,20 +76,20 @@ void Application::findLoadedHostFile(GameDetails& game, const std::string& detai
     std::string unusable = stored + game.HostFileName;
     std::string reason = messages::hostFileMissing();
     for (const std::string& folder : {stored, beside}) {
-        if (!findPath(folder + game.HostFileName)) {
+        if (!isAbsolutePath(folder) || !findPath(folder + game.HostFileName)) {
             continue;
         }
         try {
             game.GameYear = readGameYear(folder + game.HostFileName);
             game.GamePath = folder;
-            windows.showValues();
+            showGame();
             return;
         } catch (const FileError& error) {
             unusable = error.path();
             reason = error.reason();
         }
     }
-    windows.showValues();
+    showGame();
     windows.show(messages::hostFileUnusable(unusable, reason));
 }
 

@@ -24,7 +24,7 @@ void Application::configureStoredGames() {
         windows.show(messages::enterGameName());
     } else if (shared.game.GamePath.empty()) {
         windows.show(messages::findGameFirst());
-    } else if (!findFile(gameDetailsFile(shared.game))) {
+    } else if (!isAbsolutePath(shared.game.GamePath) || !findFile(gameDetailsFile(shared.game))) {
         windows.show(messages::saveGameFirst());
     } else {
         shared.GameNameToStore = shared.game.GameName;

@@ -1,5 +1,6 @@
 #include "compose/DispatchRules.h"
 
+#include "compose/AddressFault.h"
 #include "compose/ExpandTemplate.h"
 #include "platform/FileError.h"
 #include "platform/Files.h"
@@ -31,12 +32,16 @@ class RowRules {
             refuse(messages::noEmailAddress());
         }
         refusedAsPlayer = RowRefused;
+        if (!RowRefused) {
+            checkAddresses(row);
+        }
     }
 
     void checkGameFile(const std::string& path, const std::string& notFound,
                        const std::string& unreadable) {
         if (looksFurther()) {
-            checkFile(path, notFound, unreadable);
+            // A folder of another system would be looked for wherever the program was started.
+            checkFile(isAbsolutePath(path) ? path : std::string(), notFound, unreadable);
         }
     }
 
@@ -77,6 +82,18 @@ class RowRules {
     }
 
   private:
+    void checkAddresses(const PlayerSlot& row) {
+        if (const auto fault = addressFault(row.PlayerEmail, transport)) {
+            refuse(messages::addressUnsendable(*fault));
+        }
+        // SMTP only names the alternate address in the message; no mail goes there.
+        if (transport == Transport::Mapi) {
+            if (const auto fault = addressFault(row.AltEmail, transport)) {
+                refuse(messages::alternateAddressUnsendable(*fault));
+            }
+        }
+    }
+
     // SMTP lists everything that is wrong for a player it would write to; MAPI stops at the first.
     bool looksFurther() const {
         return transport == Transport::Smtp ? !refusedAsPlayer : !RowRefused;

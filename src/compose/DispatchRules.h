@@ -3,6 +3,7 @@
 #include "compose/AttachmentChoices.h"
 #include "compose/MessageTemplate.h"
 #include "compose/SendReport.h"
+#include "compose/Transport.h"
 #include "roster/GameDetails.h"
 
 #include <cstdint>
@@ -18,9 +19,6 @@ struct DispatchInputs {
     const MessageTemplate& message;
     const AttachmentChoices& attachments;
 };
-
-/// The transports look for files under different conditions once something has been found.
-enum class Transport { Smtp, Mapi };
 
 /// The current row's texts after placeholder substitution.
 struct RowMessage {

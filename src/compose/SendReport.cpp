@@ -4,6 +4,16 @@
 
 namespace turnpost {
 
+SendReport linesAfterBreak(const SendReport& report, int rowUnderWay) {
+    SendReport lines;
+    for (int row = 0; row < rowCount; ++row) {
+        lines[static_cast<size_t>(row)] = row < rowUnderWay    ? report[static_cast<size_t>(row)]
+                                          : row == rowUnderWay ? messages::brokeOffHere()
+                                                               : messages::notReached();
+    }
+    return lines;
+}
+
 std::string reportText(const SendReport& report) {
     std::string text;
     for (int row = 0; row < rowCount; ++row) {

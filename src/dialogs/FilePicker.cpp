@@ -14,7 +14,8 @@ std::string pickedPath(const FilePicker& picker) {
 }
 
 std::string pickerStartFolder(const std::string& gamePath, const std::string& programFolder) {
-    return findPath(gamePath).value_or(programFolder);
+    const auto found = isAbsolutePath(gamePath) ? findPath(gamePath) : std::nullopt;
+    return found.value_or(programFolder);
 }
 
 } // namespace turnpost

@@ -28,8 +28,8 @@ bool offersDefaultGame(const FilePicker& picker);
 /// Full path of the chosen file.
 std::string pickedPath(const FilePicker& picker);
 
-/// Where the dialog opens: the game's folder, or the program's when there is no game or its folder
-/// is gone.
+/// Where the dialog opens: the game's folder, or the program's when there is no game, or its folder
+/// is gone or none of this system.
 std::string pickerStartFolder(const std::string& gamePath, const std::string& programFolder);
 
 } // namespace turnpost

@@ -17,6 +17,7 @@ void MailDelivery::deliver(std::uintptr_t parentWindow) {
         return;
     }
     delivering = true;
+    display.showBreak({});
     session.ParentWindow(parentWindow);
     if (signOn()) {
         mail.SessionID(session.SessionID());

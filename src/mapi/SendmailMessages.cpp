@@ -1,5 +1,6 @@
 #include "mapi/SendmailMessages.h"
 
+#include "compose/AddressFault.h"
 #include "mapi/MimeHeader.h"
 #include "mapi/SendmailFailure.h"
 #include "platform/CodePage.h"
@@ -51,6 +52,9 @@ std::optional<std::string> SendmailMessages::takeAddresses() {
         named.RecipAddress = *address;
     }
     sender = trimSpaces(settings.HostEmail);
+    if (const auto fault = addressFault(settings.HostEmail, Transport::Mapi)) {
+        return messages::ownAddressUnsendable(*fault);
+    }
     if (!sender.empty()) {
         const auto address = mailAddress(sender);
         if (!address) {

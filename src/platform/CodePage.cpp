@@ -131,6 +131,13 @@ std::string fromFileBytes(std::string_view bytes) {
                                                         : bytes);
 }
 
+bool hasWireBytes(char32_t character) {
+    std::string text;
+    appendUtf8(text, character);
+    // Beyond the first 65,536 characters a page may give one "?" for each half of a pair.
+    return character == '?' || toWireBytes(text).find_first_not_of('?') != std::string::npos;
+}
+
 std::string fromWireBytes(std::string_view bytes) {
     return isUtf8(bytes) ? std::string(bytes) : fromSystemBytes(bytes);
 }

@@ -39,6 +39,9 @@ std::string toFileBytes(std::string_view text);
 /// none goes out as "?".
 std::string toWireBytes(std::string_view text);
 
+/// True when the character, a code point of UTF-8, goes out as itself and not as "?".
+bool hasWireBytes(char32_t character);
+
 /// What a server said: UTF-8 where it is well formed, else the system's code page.
 std::string fromWireBytes(std::string_view bytes);
 

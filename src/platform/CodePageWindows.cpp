@@ -24,12 +24,13 @@ std::string toBytes(UINT codePage, std::wstring_view wide) {
     // character refuse the call with this flag.
     const bool holdsAll = codePage == CP_UTF8 || codePage == chineseUnicode;
     const DWORD flags = holdsAll ? 0 : WC_NO_BEST_FIT_CHARS;
+    const char* const missing = holdsAll ? nullptr : "?";
     const int size = static_cast<int>(wide.size());
     std::string bytes(static_cast<size_t>(WideCharToMultiByte(codePage, flags, wide.data(), size,
-                                                              nullptr, 0, nullptr, nullptr)),
+                                                              nullptr, 0, missing, nullptr)),
                       '\0');
     WideCharToMultiByte(codePage, flags, wide.data(), size, bytes.data(),
-                        static_cast<int>(bytes.size()), nullptr, nullptr);
+                        static_cast<int>(bytes.size()), missing, nullptr);
     return bytes;
 }
 

@@ -9,6 +9,10 @@
 
 namespace turnpost {
 
+bool isAbsolutePath(const std::string& path) {
+    return pathParts(path).is_absolute();
+}
+
 std::optional<std::string> findFile(const std::string& path) {
     auto found = findPath(path);
     if (found && kindOf(*found) == PathKind::File) {

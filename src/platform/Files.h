@@ -21,6 +21,10 @@ std::string fromNativePath(const std::filesystem::path& path);
 /// The path as it is, to be taken apart.
 std::filesystem::path pathParts(const std::string& path);
 
+/// True for a path that leads to the same place wherever the program was started: on Windows with
+/// its drive or server, elsewhere from the root. False for an empty one.
+bool isAbsolutePath(const std::string& path);
+
 /// The path as it stands on disk of whatever exists there (file or folder); nothing when there is
 /// nothing or it cannot be looked at. On Windows it stays in the case it was asked for.
 std::optional<std::string> findPath(const std::string& path);

@@ -1,10 +1,14 @@
 #include "platform/Messages.h"
 
+#include "platform/CodePage.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <iomanip>
+#include <sstream>
 
 namespace turnpost::messages {
 
@@ -33,6 +37,18 @@ std::string shownPath(std::string_view path) {
 // A path and what is wrong with the file there.
 std::string fileBox(std::string_view beginning, std::string_view path, std::string_view reason) {
     return join(join(beginning, shownPath(path)), "\r\n", shown(reason));
+}
+
+// As code charts write it: U+ and at least four digits.
+std::string codeOf(char32_t character) {
+    std::ostringstream code;
+    code << "U+" << std::hex << std::uppercase << std::setw(4) << std::setfill('0')
+         << static_cast<std::uint32_t>(character);
+    return code.str();
+}
+
+std::string character(int place) {
+    return "character " + std::to_string(place);
 }
 
 // A file's finding is the name of its kind followed by one of these.
@@ -116,6 +132,10 @@ std::string invalidServerAddress() {
 
 std::string invalidGamePath() {
     return "Invalid game path";
+}
+
+std::string ownAddressUnsendable(std::string_view fault) {
+    return join("Your own address cannot be sent: ", fault);
 }
 
 std::string socketError(int number, std::string_view description) {
@@ -214,6 +234,10 @@ std::string ownFileWouldBeTooLarge() {
     return "It would be larger than 1 MiB, and so not be read again";
 }
 
+std::string ownFileNotUtf8() {
+    return "A name in it is not valid UTF-8";
+}
+
 std::string isFolder() {
     return "It is a folder, not a file";
 }
@@ -230,12 +254,24 @@ std::string nulInPath() {
     return "A file name cannot hold a NUL character";
 }
 
+std::string notOfThisSystem() {
+    return "It is not a full path on this system";
+}
+
 std::string unknownSystemError(int number) {
     return "Unknown error (error " + std::to_string(number) + ")";
 }
 
 std::string flagIsNoNumber(int row) {
     return "A flag of player " + std::to_string(row + 1) + " is no number";
+}
+
+std::string nameIsNotUtf8() {
+    return "This name is not valid UTF-8, so a game file cannot hold it. Rename it to use it here.";
+}
+
+std::string nameHoldsLineBreak() {
+    return "This name holds a line break, so a game file cannot hold it. Rename it to use it here.";
 }
 
 std::string hostFileTooShort() {
@@ -256,6 +292,25 @@ std::string playerSkipped() {
 
 std::string noEmailAddress() {
     return "No Email Address for Player";
+}
+
+std::string addressUnsendable(std::string_view fault) {
+    return join("The address cannot be sent: ", fault);
+}
+
+std::string alternateAddressUnsendable(std::string_view fault) {
+    return join("The alternate address cannot be sent: ", fault);
+}
+
+std::string invisibleCharacter(int place, char32_t code) {
+    return join(character(place), " is invisible (", codeOf(code) + ")");
+}
+
+std::string unwritableCharacter(int place, char32_t code) {
+    std::string shown;
+    appendUtf8(shown, code);
+    return join("\"Send via SMTP\" cannot write ", character(place),
+                " (" + shown + ", " + codeOf(code) + ")");
 }
 
 std::string turnFileNotFound(int row) {
@@ -333,6 +388,14 @@ std::string notOneAddress(std::string_view address) {
 
 std::string hostNotOneAddress(std::string_view address) {
     return join("Your own address is not one e-mail address: ", address);
+}
+
+std::string brokeOffHere() {
+    return "Broke off here: may or may not have arrived";
+}
+
+std::string notReached() {
+    return "Not reached";
 }
 
 std::string reportPrefix(int row) {

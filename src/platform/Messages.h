@@ -11,6 +11,8 @@ namespace turnpost::messages {
 std::string noServerAddress();
 std::string invalidServerAddress();
 std::string invalidGamePath();
+/// The host's own address, and what is wrong with it (see below).
+std::string ownAddressUnsendable(std::string_view fault);
 std::string socketError(int number, std::string_view description);
 std::string cannotRead(std::string_view path, std::string_view reason);
 std::string cannotWrite(std::string_view path, std::string_view reason);
@@ -38,6 +40,7 @@ std::string ownFileTooLarge();
 
 // Why one of the program's own files is not written.
 std::string ownFileWouldBeTooLarge();
+std::string ownFileNotUtf8();
 std::string flagIsNoNumber(int row);
 
 // Reasons why a file cannot be read or written.
@@ -45,8 +48,13 @@ std::string isFolder();
 std::string isPipe();
 std::string isDevice();
 std::string nulInPath();
+std::string notOfThisSystem();
 /// For an error that the system has no words for.
 std::string unknownSystemError(int number);
+
+// Why the file picker offers a folder or file only greyed.
+std::string nameIsNotUtf8();
+std::string nameHoldsLineBreak();
 
 // Reasons why a host file gives no year.
 std::string hostFileTooShort();
@@ -56,6 +64,12 @@ std::string hostFileMissing();
 // Lines of the sending report. Rows are 0 to 15.
 std::string playerSkipped();
 std::string noEmailAddress();
+/// An address that would go out as another one, and why.
+std::string addressUnsendable(std::string_view fault);
+std::string alternateAddressUnsendable(std::string_view fault);
+/// What is wrong with an address: its character at this place, counted from 1.
+std::string invisibleCharacter(int place, char32_t code);
+std::string unwritableCharacter(int place, char32_t code);
 std::string turnFileNotFound(int row);
 std::string turnFileUnreadable(int row);
 std::string universeFileNotFound();
@@ -78,6 +92,10 @@ std::string cannotStart(std::string_view path, std::string_view reason);
 /// An address that no mail can go to, of a player or of the host.
 std::string notOneAddress(std::string_view address);
 std::string hostNotOneAddress(std::string_view address);
+
+/// Of a row after a send that broke off without a report.
+std::string brokeOffHere();
+std::string notReached();
 
 /// What stands before row i's outcome in the report.
 std::string reportPrefix(int row);

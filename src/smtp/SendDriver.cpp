@@ -1,5 +1,6 @@
 #include "smtp/SendDriver.h"
 
+#include "compose/AddressFault.h"
 #include "compose/MUUEncode.h"
 #include "platform/Files.h"
 #include "platform/Messages.h"
@@ -15,8 +16,8 @@ SendDriver::SendDriver(const DispatchInputs& dispatchInputs, const Settings& sho
                        MessageBox& messageBox)
     : inputs(dispatchInputs), settings(shownSettings), report(sendReport), socket(usedSocket),
       display(sendDisplay), box(messageBox),
-      session(usedSocket, state, shownSettings, dispatchInputs.game, sendReport, messageBox,
-              [this] { butSend2_Click(); }) {}
+      session(usedSocket, state, shownSettings, dispatchInputs.game, sendReport, sendDisplay,
+              messageBox, [this] { butSend2_Click(); }) {}
 
 void SendDriver::butSend_Click() {
     const std::string address = trimSpaces(settings.SmtpServer);
@@ -28,10 +29,15 @@ void SendDriver::butSend_Click() {
         box.show(messages::invalidServerAddress());
         return;
     }
-    if (!folderHoldsFile(inputs.game.GamePath)) {
+    if (!isAbsolutePath(inputs.game.GamePath) || !folderHoldsFile(inputs.game.GamePath)) {
         box.show(messages::invalidGamePath());
         return;
     }
+    if (const auto fault = addressFault(settings.HostEmail, Transport::Smtp)) {
+        box.show(messages::ownAddressUnsendable(*fault));
+        return;
+    }
+    display.showBreak({});
     const auto& rows = inputs.game.rows;
     state.ServerAddress = address;
     state.ReachedCount = 0;

@@ -19,8 +19,9 @@ class SendDriver {
                SendReport& sendReport, Socket& usedSocket, SendDisplay& sendDisplay,
                MessageBox& messageBox);
 
-    /// Starts a send. A missing or invalid server address, or a game folder without files, is said
-    /// in a message box and changes nothing, not even a send under way. Otherwise a send under way
+    /// Starts a send. A missing or invalid server address, a game folder without files, or an
+    /// address of the host that cannot be sent as it is shown, is said in a message box and changes
+    /// nothing, not even a send under way. Otherwise a send under way
     /// is over: its connection is closed and its remaining rows are the new send's.
     void butSend_Click();
 

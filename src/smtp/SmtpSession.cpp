@@ -1,5 +1,6 @@
 #include "smtp/SmtpSession.h"
 
+#include "compose/AddressFault.h"
 #include "platform/CodePage.h"
 #include "platform/Messages.h"
 #include "smtp/MessageText.h"
@@ -19,9 +20,11 @@ bool isAccepted(const std::string& reply) {
 
 SmtpSession::SmtpSession(Socket& usedSocket, SendState& sendState, const Settings& shownSettings,
                          const GameDetails& shownGame, SendReport& sendReport,
-                         MessageBox& messageBox, std::function<void()> nextStep)
+                         SendDisplay& sendDisplay, MessageBox& messageBox,
+                         std::function<void()> nextStep)
     : socket(usedSocket), state(sendState), settings(shownSettings), game(shownGame),
-      report(sendReport), box(messageBox), butSend2_Click(std::move(nextStep)) {
+      report(sendReport), display(sendDisplay), box(messageBox),
+      butSend2_Click(std::move(nextStep)) {
     socket.setEvents(this);
 }
 
@@ -43,6 +46,11 @@ void SmtpSession::takeNextStep() {
     // Read now, not when the row began: what the host corrects meanwhile reaches the next line.
     const PlayerSlot& player = game.rows[static_cast<size_t>(state.SendCursor)];
     if (state.SmtpState < 0 || state.SmtpState >= abandoned) {
+        return;
+    }
+    if (const auto finding = findingForNextStep(player)) {
+        report[static_cast<size_t>(state.SendCursor)] = *finding;
+        butSend2_Click();
         return;
     }
     ++state.SmtpState;
@@ -74,6 +82,24 @@ void SmtpSession::takeNextStep() {
     }
 }
 
+// What is wrong with an address that the next part names: it may have changed since the row began.
+std::optional<std::string> SmtpSession::findingForNextStep(const PlayerSlot& player) const {
+    const int sent = state.SmtpState;
+    const bool namesHost = sent == 0 || sent == 1 || sent == 4;
+    const bool namesPlayer = sent == 2 || sent == 4;
+    if (namesHost) {
+        if (const auto fault = addressFault(settings.HostEmail, Transport::Smtp)) {
+            return messages::ownAddressUnsendable(*fault);
+        }
+    }
+    if (namesPlayer) {
+        if (const auto fault = addressFault(player.PlayerEmail, Transport::Smtp)) {
+            return messages::addressUnsendable(*fault);
+        }
+    }
+    return std::nullopt;
+}
+
 void SmtpSession::sendMessage(const PlayerSlot& player) {
     auto sends = messageText(settings, player, state);
     for (std::string& bytes : sends) {
@@ -86,6 +112,7 @@ void SmtpSession::Error(int number, const std::string& description) {
     box.show(messages::socketError(number, description));
     state.SmtpState = abandoned;
     socket.Close();
+    display.showBreak(linesAfterBreak(report, state.SendCursor));
 }
 
 } // namespace turnpost

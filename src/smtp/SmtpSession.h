@@ -4,10 +4,12 @@
 #include "platform/MessageBox.h"
 #include "platform/Socket.h"
 #include "roster/GameDetails.h"
+#include "smtp/SendDisplay.h"
 #include "smtp/SendState.h"
 #include "storage/Settings.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace turnpost {
@@ -20,19 +22,22 @@ class SmtpSession final : public SocketEvents {
   public:
     /// `nextStep` is the driver's butSend2_Click. All references must outlive the session.
     SmtpSession(Socket& usedSocket, SendState& sendState, const Settings& shownSettings,
-                const GameDetails& shownGame, SendReport& sendReport, MessageBox& messageBox,
-                std::function<void()> nextStep);
+                const GameDetails& shownGame, SendReport& sendReport, SendDisplay& sendDisplay,
+                MessageBox& messageBox, std::function<void()> nextStep);
 
     /// Takes everything waiting as one reply. Any of the codes 220, 250 and 354 is accepted in any
     /// state and sends the next part; any other reply, a fragment of a code included, ends the
-    /// session with the reply as the row's outcome.
+    /// session with the reply as the row's outcome. So does an address that by now cannot be sent
+    /// as it is shown (see AddressFault.h); the outcome then says why.
     void DataArrival() override;
 
-    /// Shows the error in a message box and ends the whole send: no later row, no report.
+    /// Shows the error in a message box and ends the whole send: no later row, no report. When the
+    /// box is closed, the display gets what is known of each row.
     void Error(int number, const std::string& description) override;
 
   private:
     void takeNextStep();
+    std::optional<std::string> findingForNextStep(const PlayerSlot& player) const;
     void sendMessage(const PlayerSlot& player);
 
     Socket& socket;
@@ -40,6 +45,7 @@ class SmtpSession final : public SocketEvents {
     const Settings& settings;
     const GameDetails& game;
     SendReport& report;
+    SendDisplay& display;
     MessageBox& box;
     std::function<void()> butSend2_Click;
 };

@@ -72,6 +72,27 @@ TEST_F(GameFiles, SavedOnAnotherSystemAreTheSameToTheByteButForTheirFolder) {
     }
 }
 
+TEST_F(GameFiles, AFolderThatIsNoneOfThisSystemIsNotLookedForWhereTheProgramWasStarted) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    const TempFolder here;
+    here.makeFolder("rel");
+    for (const char* decoy : {"GAME.HST", "rel/GAME.HST"}) {
+        here.write(decoy, std::string(13, '\x01') + '\0');
+    }
+    std::filesystem::current_path(toNativePath(here.path()));
+    const std::string there = host.read("GAME.NTP");
+    for (const std::string stored : {"", "rel/", "C:", "\\"}) {
+        std::string bytes = there;
+        host.write("GAME.NTP", bytes.replace(bytes.find(folder), folder.size(), stored));
+        application.newGame();
+        open(host, "GAME.NTP");
+        EXPECT_EQ(values.game.GamePath, folder) << stored;
+        EXPECT_EQ(values.game.GameYear, 2405) << stored;
+    }
+    EXPECT_EQ(here.names(), std::set<std::string>({"GAME.HST", "rel"}));
+    std::filesystem::current_path(before);
+}
+
 TEST_F(GameFiles, AMovedGameIsTheOneBesideItsFileUnlessTheOldPlaceStillHoldsIt) {
     const TempFolder moved;
     moved.write("GAME.NTP", host.read("GAME.NTP"));

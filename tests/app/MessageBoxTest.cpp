@@ -51,6 +51,23 @@ TEST_F(MessageBoxes, OfSavingSayWhereOrWhyNot) {
     expectBoxes(save, {"Cannot write /" + std::string(249, 'a') + "..." + std::string(243, 'a') +
                        "NEW.NTP\r\nFile name too long"});
 #endif
+    // Neither found nor written wherever the program happens to be started.
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(toNativePath(folder));
+    for (const std::string elsewhere : {"", "sub/", "\\Stars\\", "C:GAME/"}) {
+        host.makeFolder("sub");
+        host.write("sub/NEW.NTP", "kept");
+        game.GamePath = elsewhere;
+        game.rows[1].GameFile = "NEW.M2";
+        expectBoxes(save, {elsewhere.empty() ? "No game details entered"
+                                             : "Cannot write " + elsewhere +
+                                                   "NEW.NTP\r\nIt is not a full path on this "
+                                                   "system"});
+        expectBoxes(configure,
+                    {elsewhere.empty() ? "Please find a game" : "Please save game details first"});
+    }
+    EXPECT_EQ(host.read("sub/NEW.NTP"), "kept");
+    std::filesystem::current_path(before);
     game.GamePath = "";
     expectBoxes(save, {"No game details entered"});
     expectBoxes(configure, {"Please find a game"});

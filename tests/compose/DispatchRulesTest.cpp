@@ -1,6 +1,7 @@
 #include "compose/DispatchRules.h"
 
 #include "fakes/TempFolder.h"
+#include "platform/CodePage.h"
 #include "platform/FileError.h"
 
 #include <gtest/gtest.h>
@@ -71,6 +72,34 @@ TEST_F(DispatchRules, OnlyATickOfZeroSkipsWhetherTheRowIsShownOrNot) {
     expectBoth(sent);
     player.IncludePlayer = 0;
     expectBoth("Player Skipped");
+}
+
+TEST_F(DispatchRules, AnAddressThatWouldGoOutAsAnotherOneRefusesTheRowAndNamesTheCharacter) {
+    const std::string unsendable = "The address cannot be sent: ";
+    player.PlayerEmail = "p1\r\n\u2028\u200B@example.org";
+    expectBoth(unsendable + "character 5 is invisible (U+200B)");
+    player.PlayerEmail = "a?\U0001F600@example.org";
+    expectBoth(hasWireBytes(0x1F600) ? sent
+                                     : unsendable + "\"Send via SMTP\" cannot write character 3 "
+                                                    "(\U0001F600, U+1F600)",
+               sent);
+    player.AltEmail = "b\u00AD@example.org";
+    player.PlayerEmail = "\u00A0@example.org";
+    remove("MY.XY");
+    const std::string own = unsendable + "character 1 is invisible (U+00A0)\r\n";
+    expectBoth(own + "XY file not found ",
+               own + "The alternate address cannot be sent: character 2 is invisible (U+00AD)");
+}
+
+TEST_F(DispatchRules, AFolderOfAnotherSystemIsNotLookedForWhereTheProgramWasStarted) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    temp.makeFolder("rel");
+    temp.write("rel/MY.CUP.M3", "x");
+    std::filesystem::current_path(toNativePath(temp.path()));
+    game.GamePath = withSeparator("rel");
+    attachments = {1, 0, {}};
+    expectBoth("M3file not found ");
+    std::filesystem::current_path(before);
 }
 
 TEST_F(DispatchRules, SmtpListsEveryMissingFileAndMapiStopsAtTheTurnFileButForExtraFiles) {

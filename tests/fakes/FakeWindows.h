@@ -13,6 +13,7 @@ class FakeWindows final : public AppWindows {
   public:
     std::vector<std::string> shown;
     std::vector<std::string> boxes;
+    SendReport rowsAfterBreak;
     std::function<void()> inFilePicker = [] {};
 
     void setCaption(const std::string& caption) override { shown.push_back(caption); }
@@ -28,6 +29,7 @@ class FakeWindows final : public AppWindows {
     void openStoredGames() override { shown.emplace_back("stored games"); }
     void openAbout() override { shown.emplace_back("about"); }
     void setProgress(double) override {}
+    void showBreak(const SendReport& lines) override { rowsAfterBreak = lines; }
     void openReport() override { shown.emplace_back("report"); }
     void show(const std::string& text) override {
         shown.emplace_back("box");

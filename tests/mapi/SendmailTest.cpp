@@ -57,6 +57,8 @@ TEST_F(Sendmail, EveryAddressIsOneArgumentInAscii) {
              {" ", "-oQ/tmp", "", "-i -- -oQ/tmp ", "Email Generated OK"},
              {" -bd", "zoe@x.org", "", "-i -- zoe@x.org ", "Email Generated OK"},
              {"h@x.org\nBcc: e@x.org", "zoe@x.org", "", "", own + "h@x.org\nBcc: e@x.org"},
+             {"h\u200D@x.org", "zoe@x.org", "", "",
+              "MAPI Error: Your own address cannot be sent: character 2 is invisible (U+200D)"},
              {"h@x.org", "zoe@x.org", "a@x.org, b@x.org", "", theirs + "a@x.org, b@x.org"}}) {
         settings.HostEmail = host;
         player.PlayerEmail = to;

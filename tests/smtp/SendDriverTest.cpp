@@ -68,6 +68,11 @@ TEST_F(SendDrivers, OnlyASendThatCanStartTakesOverAndUsesItsOwnServerAndWhatTheH
     }
     settings.SmtpServer = "other";
     game.GamePath = path;
+    settings.HostEmail = "\u202Ehost@example.org";
+    driver.butSend_Click();
+    EXPECT_EQ(std::exchange(display.boxes, {}),
+              Texts{"Your own address cannot be sent: character 1 is invisible (U+202E)"});
+    settings.HostEmail = "host@example.org";
     accept(3, 2);
     driver.butSend_Click();
     EXPECT_EQ(report[0], "") << "the outcome of the first send";
@@ -88,6 +93,28 @@ TEST_F(SendDrivers, OnlyASendThatCanStartTakesOverAndUsesItsOwnServerAndWhatTheH
               Texts({"mail:65535", "mail:65535", "other:25", "other:25", "other:25"}));
     const std::vector<double> positions = {1.0 / 3, 2.0 / 3, 1.0 / 3, 2.0 / 3, 1, 1, 1};
     EXPECT_EQ(display.progress, positions) << "a row ticked meanwhile keeps the bar on its track";
+}
+
+TEST_F(SendDrivers, ASendThatBreaksOffTellsOfEachRowWhatItDidUntilTheNextOne) {
+    driver.butSend_Click();
+    accept();
+    accept();
+    driver.butSend_Click();
+    socket.arrive("550 mailbox full\r\n");
+    socket.fail(10054, "reset");
+    EXPECT_EQ(display.boxes, Texts{"Winsock Error number 10054\r\nreset"});
+    SendReport expected;
+    expected.fill("Not reached");
+    expected[0] = "SMTP Error: 550 mailbox full\r\n";
+    expected[1] = "Broke off here: may or may not have arrived";
+    EXPECT_EQ(display.rowsAfterBreak, expected) << "nothing of the send before";
+    EXPECT_EQ(report[15], "Player Skipped") << "the report stays as it is";
+    settings.SmtpServer = "";
+    driver.butSend_Click();
+    EXPECT_EQ(display.rowsAfterBreak, expected) << "no send";
+    settings.SmtpServer = "mail";
+    driver.butSend_Click();
+    EXPECT_EQ(display.rowsAfterBreak, SendReport());
 }
 
 } // namespace turnpost

@@ -73,6 +73,10 @@ void Desktop::setProgress(double fraction) {
     main->setProgress(fraction);
 }
 
+void Desktop::showBreak(const SendReport& lines) {
+    main->showBreak(lines);
+}
+
 void Desktop::show(const std::string& text) {
     showMessageBox(frontWindow(main.get()), text);
 }

@@ -30,6 +30,7 @@ class Desktop final : public AppWindows {
     void showValues() override;
     void showMainWindow() override;
     void setProgress(double fraction) override;
+    void showBreak(const SendReport& lines) override;
     void show(const std::string& text) override;
     void openEmailSettings() override;
     void openMessageEditor() override;

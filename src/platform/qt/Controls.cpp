@@ -80,8 +80,12 @@ void CuttingComboBox::paintEvent(QPaintEvent*) {
 QString plainTip(const QString& text) {
     constexpr qsizetype lineLength = 60;
     QStringList lines;
-    for (qsizetype at = 0; at < text.size(); at += lineLength) {
-        lines += text.mid(at, lineLength).toHtmlEscaped();
+    for (const QString& line : text.split('\n')) {
+        qsizetype at = 0;
+        do {
+            lines += line.mid(at, lineLength).toHtmlEscaped();
+            at += lineLength;
+        } while (at < line.size());
     }
     return "<p style='white-space:pre'>" + lines.join("<br>") + "</p>";
 }

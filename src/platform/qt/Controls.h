@@ -40,8 +40,9 @@ class CuttingComboBox final : public QComboBox {
     QString cutText() const;
 };
 
-/// A tip with this text, plain whatever it holds, with a line break after each 60 characters: the
-/// toolkit would take what looks like markup for markup, and breaks no line without blanks.
+/// A tip with this text, plain whatever it holds, with its own line breaks (LF) and one after each
+/// 60 characters of a line: the toolkit would take what looks like markup for markup, and breaks no
+/// line without blanks.
 QString plainTip(const QString& text);
 
 } // namespace turnpost

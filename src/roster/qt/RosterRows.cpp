@@ -1,5 +1,6 @@
 #include "roster/qt/RosterRows.h"
 
+#include "platform/qt/Controls.h"
 #include "platform/qt/Form.h"
 #include "platform/qt/OneLineBox.h"
 #include "platform/qt/QtText.h"
@@ -89,6 +90,17 @@ void RosterRows::showGame() {
                                      row.PlayerEmail, row.AltEmail,      row.GameFile};
         for (QWidget* control : controls) {
             control->setVisible(slot.Shown);
+        }
+    }
+}
+
+void RosterRows::showNotes(const std::array<std::string, rowCount>& notes) {
+    for (size_t i = 0; i < notes.size(); ++i) {
+        const QString note = toQt(notes[i]).replace("\r\n", "\n").trimmed();
+        for (QWidget* control : {static_cast<QWidget*>(rows[i].PlayNum),
+                                 static_cast<QWidget*>(rows[i].IncludePlayer)}) {
+            control->setToolTip(note.isEmpty() ? QString() : plainTip(note));
+            control->setAccessibleDescription(note);
         }
     }
 }

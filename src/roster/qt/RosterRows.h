@@ -21,6 +21,10 @@ class RosterRows final : public QObject {
     /// Brings every control in step with the model.
     void showGame();
 
+    /// Gives the number and the tick of each row this text as a tip and as the description that
+    /// screen readers speak; an empty one takes it away. Lines end in CR LF.
+    void showNotes(const std::array<std::string, rowCount>& notes);
+
   private:
     struct Row {
         QLabel* PlayNum;

@@ -32,6 +32,10 @@ void frmMain::setProgress(double fraction) {
     Shape1->setFraction(fraction);
 }
 
+void frmMain::showBreak(const SendReport& lines) {
+    rows->showNotes(lines);
+}
+
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
     // Every press counts, also on the option that already shows as selected and the second one of a
     // double-click; selecting by the keyboard does nothing.

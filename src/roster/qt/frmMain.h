@@ -24,6 +24,9 @@ class frmMain final : public Form {
     /// Sets the length of the progress bar, from 0 to 1 of its track.
     void setProgress(double fraction);
 
+    /// See SendDisplay::showBreak.
+    void showBreak(const SendReport& lines);
+
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;

@@ -1,0 +1,25 @@
+#include "compose/AddressFault.h"
+
+#include "platform/CodePage.h"
+#include "platform/InvisibleCharacters.h"
+#include "platform/Messages.h"
+#include "platform/Text.h"
+
+namespace turnpost {
+
+std::optional<std::string> addressFault(std::string_view address, Transport transport) {
+    const std::string line = oneLine(address);
+    int place = 1;
+    for (size_t position = 0; position < line.size(); ++place) {
+        const char32_t character = nextCodePoint(line, position);
+        if (isInvisible(character)) {
+            return messages::invisibleCharacter(place, character);
+        }
+        if (transport == Transport::Smtp && !hasWireBytes(character)) {
+            return messages::unwritableCharacter(place, character);
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace turnpost
