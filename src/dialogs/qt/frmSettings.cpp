@@ -17,6 +17,7 @@ frmSettings::frmSettings(QWidget* parent, Application& usedApplication)
     addLabel("Label2", "Your Email Address:", twipsRect(240, 600, 2535, 315));
     txtHostEmail =
         addTextBox("txtHostEmail", twipsRect(2760, 600, 2775, 315), "Your email address");
+    takeAddresses(txtHostEmail);
     addLabel("Label3", "SMTP Address:", twipsRect(240, 960, 2415, 315));
     txtSMTP = addTextBox("txtSMTP", twipsRect(2760, 960, 2775, 315), "SMTP address");
     txtHostName->setText(toQt(settings.HostName));

@@ -123,6 +123,10 @@ void makeReadOnly(QPlainTextEdit* box) {
     showAsReadOnly(box);
 }
 
+void takeAddresses(QLineEdit* box) {
+    static_cast<OneLineBox*>(box)->takeAddresses();
+}
+
 void showText(QPlainTextEdit* box, const QString& text) {
     constexpr qsizetype longLine = 16384;
     qsizetype longest = 0;

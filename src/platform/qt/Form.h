@@ -52,6 +52,10 @@ QLineEdit* makeTextBox(QWidget* parent, const QString& name, const QRect& place,
 void makeReadOnly(QLineEdit* box);
 void makeReadOnly(QPlainTextEdit* box);
 
+/// Marks a box made by makeTextBox or addTextBox as one for an address: pasting and dropping leave
+/// out invisible characters, which nobody would find there (OneLineBox::takeAddresses).
+void takeAddresses(QLineEdit* box);
+
 /// Fills a multi-line box with a text of any length. It wraps between words; when it has a line of
 /// more than 16,384 UTF-16 units, as only a server or a foreign file sends one, it wraps anywhere.
 void showText(QPlainTextEdit* box, const QString& text);

@@ -1,5 +1,6 @@
 #include "platform/qt/OneLineBox.h"
 
+#include "platform/InvisibleCharacters.h"
 #include "platform/Text.h"
 #include "platform/qt/QtText.h"
 
@@ -46,6 +47,17 @@ OneLineBox::OneLineBox(QWidget* parent) : QLineEdit(parent) {
     setValidator(new LineValidator(this));
 }
 
+// What comes from another program, as this box takes it.
+QString OneLineBox::foreignLine(const QString& text) const {
+    QString line = lineOf(text);
+    if (takesAddresses) {
+        line.replace(QChar::Nbsp, QChar::Space);
+        // None of them takes two units of UTF-16.
+        line.removeIf([](QChar c) { return isInvisible(c.unicode()); });
+    }
+    return line;
+}
+
 // What is inserted joins what was typed before, until the cursor moves.
 void OneLineBox::endUndoStep() {
     const int cursor = cursorPosition();
@@ -56,7 +68,7 @@ void OneLineBox::endUndoStep() {
 }
 
 void OneLineBox::pasteLine(QClipboard::Mode from) {
-    const QString text = lineOf(QGuiApplication::clipboard()->text(from));
+    const QString text = foreignLine(QGuiApplication::clipboard()->text(from));
     if (!isReadOnly() && !text.isEmpty()) {
         endUndoStep();
         insert(text);
@@ -86,16 +98,19 @@ void OneLineBox::mouseReleaseEvent(QMouseEvent* event) {
 void OneLineBox::contextMenuEvent(QContextMenuEvent* event) {
     QMenu* menu = createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (auto* paste = menu->findChild<QAction*>("edit-paste")) {
-        paste->disconnect(this);
-        connect(paste, &QAction::triggered, this, [this] { pasteLine(QClipboard::Clipboard); });
+    // Its items have object names in some versions of the toolkit only; their words are the same.
+    for (QAction* item : menu->actions()) {
+        if (item->text().section('\t', 0, 0) == QLineEdit::tr("&Paste")) {
+            item->disconnect(this);
+            connect(item, &QAction::triggered, this, [this] { pasteLine(QClipboard::Clipboard); });
+        }
     }
     menu->popup(event->globalPos());
 }
 
 void OneLineBox::dropEvent(QDropEvent* event) {
     QMimeData line;
-    line.setText(lineOf(event->mimeData()->text()));
+    line.setText(foreignLine(event->mimeData()->text()));
     QDropEvent drop(event->position(), event->possibleActions(), &line, event->buttons(),
                     event->modifiers());
     drop.setDropAction(event->dropAction());

@@ -12,6 +12,10 @@ class OneLineBox final : public QLineEdit {
   public:
     explicit OneLineBox(QWidget* parent);
 
+    /// What is pasted or dropped is an address from now on: invisible characters are left out, and
+    /// a hard blank becomes a plain one. What is set or typed stays as it is.
+    void takeAddresses() { takesAddresses = true; }
+
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -20,8 +24,11 @@ class OneLineBox final : public QLineEdit {
     void inputMethodEvent(QInputMethodEvent* event) override;
 
   private:
+    QString foreignLine(const QString& text) const;
     void endUndoStep();
     void pasteLine(QClipboard::Mode from);
+
+    bool takesAddresses = false;
 };
 
 /// Shows a text in a one-line box. A box that shows it already keeps its cursor and its undo; any

@@ -55,6 +55,8 @@ RosterRows::Row RosterRows::makeRow(int index, QWidget* client) {
                              &PlayerSlot::PlayerEmail);
     row.AltEmail = addBox(client, index, "AltEmail", player + "alternate e-mail address", 5580,
                           2400, &PlayerSlot::AltEmail);
+    takeAddresses(row.PlayerEmail);
+    takeAddresses(row.AltEmail);
     row.GameFile =
         addBox(client, index, "GameFile", player + "turn file", 8100, 1275, &PlayerSlot::GameFile);
     makeReadOnly(row.GameFile);

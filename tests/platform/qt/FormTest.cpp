@@ -1,6 +1,7 @@
 #include "platform/qt/Form.h"
 
 #include "desk/ModalWatcher.h"
+#include "desk/Waiting.h"
 #include "platform/qt/QtMessageBox.h"
 
 #include <QApplication>
@@ -11,30 +12,79 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 namespace turnpost::desk {
 
-TEST(Form, AOneLineBoxHoldsOneLineHoweverTheTextComesInAndAPasteCanBeUndone) {
+class OneLineBoxes : public testing::Test {
+  protected:
+    OneLineBoxes() { form.show(); }
+
+    // The item of the right button's menu with this access key.
+    void chooseByRightButton(Qt::Key key) {
+        QTest::mouseClick(form.windowHandle(), Qt::RightButton, {}, box->geometry().center());
+        QWidget* menu = QApplication::activePopupWidget();
+        ASSERT_NE(menu, nullptr);
+        QTest::keyClick(menu, key);
+        runPendingEvents();
+    }
+
+    void drop(const QString& text) {
+        QMimeData dragged;
+        dragged.setText(text);
+        QDropEvent event({5, 5}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        static_cast<QObject*>(box)->event(&event);
+    }
+
     QWidget form;
     QLineEdit* box = makeTextBox(&form, "box", QRect(0, 80, 100, 20), "Box");
-    form.show();
+    QClipboard& clipboard = *QApplication::clipboard();
+};
+
+TEST_F(OneLineBoxes, HoldOneLineHoweverTheTextComesInAndAPasteCanBeUndone) {
     const QString broken("a\r\nb\nc\rd\u2028e\u2029f");
-    QApplication::clipboard()->setText(broken);
+    clipboard.setText(broken);
     QTest::keyClicks(box, "x");
-    QTest::keySequence(box, QKeySequence::Paste);
-    EXPECT_EQ(box->text(), "xa b c d e f");
-    QTest::keySequence(box, QKeySequence::Undo);
-    EXPECT_EQ(box->text(), "x");
+    for (const bool byKeys : {true, false}) {
+        byKeys ? QTest::keySequence(box, QKeySequence::Paste) : chooseByRightButton(Qt::Key_P);
+        EXPECT_EQ(box->text(), "xa b c d e f");
+        byKeys ? QTest::keySequence(box, QKeySequence::Undo) : chooseByRightButton(Qt::Key_U);
+        EXPECT_EQ(box->text(), "x");
+    }
     box->clear();
-    QMimeData dragged;
-    dragged.setText(broken);
-    QDropEvent drop({5, 5}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-    static_cast<QObject*>(box)->event(&drop);
+    drop(broken);
     EXPECT_EQ(box->text(), "a b c d e f");
     box->setText(broken + "!");
     EXPECT_EQ(box->text(), "a b c d e f!");
     EXPECT_GT(box->maxLength(), 1 << 24);
+}
+
+TEST_F(OneLineBoxes, ForAddressesTakeNothingInvisibleFromOtherProgramsAndShowWhatIsSet) {
+    const QString address = "\u200Bp\u200F1\u202A@\u202E\u2060e\u2064x\u2066.\u2069n\uFEFFet\u00AD";
+    const auto texts = [&] {
+        QStringList shown;
+        clipboard.setText(address + QChar(0xA0));
+        QTest::keySequence(box, QKeySequence::Paste);
+        shown += box->text();
+        box->clear();
+        chooseByRightButton(Qt::Key_P);
+        shown += box->text();
+        box->clear();
+        drop(address + QChar(0xA0));
+        return shown += box->text();
+    };
+    EXPECT_EQ(texts(), QStringList(3, address + QChar(0xA0)));
+    takeAddresses(box);
+    box->clear();
+    EXPECT_EQ(texts(), QStringList(3, "p1@ex.net "));
+    box->setText(address);
+    EXPECT_EQ(box->text(), address);
+    // Its neighbours among the characters are seen.
+    clipboard.setText("\u009F\u00A1\u00AC\u00AE\u200A\u2010\u202F\u205F\u2065\u206A\uFEFE");
+    box->clear();
+    QTest::keySequence(box, QKeySequence::Paste);
+    EXPECT_EQ(box->text(), clipboard.text());
 }
 
 TEST(Form, ForeignTextIsShownPlainInMessageBoxes) {

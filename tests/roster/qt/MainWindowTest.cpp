@@ -1,6 +1,8 @@
 #include "support/WindowTest.h"
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -67,6 +69,20 @@ TEST_F(MainWindow, FindGameShowsTheRowsOfItsPlayersAndTypingReachesTheModelAtOnc
     open("mnuNew");
     EXPECT_EQ(host().textOf("GameName") + host().textOf("txtGamePath"), "");
     EXPECT_EQ(boxBy("mnuSave"), "No game details entered");
+}
+
+TEST_F(MainWindow, AnAddressIsPastedWithoutWhatNobodySeesAndAFilesIsKept) {
+    const std::string address = "\u200Bp1@example.net";
+    QApplication::clipboard()->setText(QString::fromStdString(address));
+    for (const char* control : {"PlayerName", "PlayerEmail", "AltEmail"}) {
+        QTest::keySequence(at<QLineEdit>(control, 1), QKeySequence::Paste);
+    }
+    EXPECT_EQ(game().rows[1], (PlayerSlot{1, address, "p2@example.orgp1@example.net",
+                                          "p1@example.net", "GAME.M2", true}));
+    game().rows[1].PlayerEmail = address;
+    host().desktop().showValues();
+    EXPECT_EQ(at<QLineEdit>("PlayerEmail", 1)->text().toStdString(), address);
+    EXPECT_EQ(game().rows[1].PlayerEmail, address);
 }
 
 TEST_F(MainWindow, EveryMousePressOnASelectionCountsInShownRowsAndTheKeyboardDoesNothing) {
