@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextDocument>
 
 namespace turnpost {
 
@@ -35,6 +36,7 @@ void frmMessage::showTemplate(const MessageTemplate& message) {
         showText(txtMessage, toQt(message.MessageBody));
     }
     showLine(txtSubject, message.MessageSubject);
+    shown = message;
 }
 
 void frmMessage::Default_Click() {
@@ -42,7 +44,11 @@ void frmMessage::Default_Click() {
 }
 
 void frmMessage::mnuOK_Click() {
-    application.storeMessage({fromQt(txtSubject->text()), textOf(txtMessage)});
+    // The boxes cannot hold each kind of line break that a file can.
+    const bool typedBody = txtMessage->document()->isModified();
+    application.storeMessage(
+        {txtSubject->isModified() ? fromQt(txtSubject->text()) : shown.MessageSubject,
+         typedBody ? textOf(txtMessage) : shown.MessageBody});
     accept();
 }
 

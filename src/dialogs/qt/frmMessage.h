@@ -1,12 +1,13 @@
 #pragma once
 
 #include "app/Application.h"
+#include "compose/MessageTemplate.h"
 #include "platform/qt/Form.h"
 
 namespace turnpost {
 
-/// The message editor: subject and body of the template. Only OK stores anything. Its
-/// buttons do not answer Enter.
+/// The message editor: subject and body of the template. Only OK stores anything; a text in
+/// which nothing was typed stays as it was, to the character. Its buttons do not answer Enter.
 class frmMessage final : public Form {
   public:
     frmMessage(QWidget* parent, Application& usedApplication);
@@ -22,6 +23,7 @@ class frmMessage final : public Form {
     Application& application;
     QLineEdit* txtSubject;
     QPlainTextEdit* txtMessage;
+    MessageTemplate shown;
 };
 
 } // namespace turnpost
