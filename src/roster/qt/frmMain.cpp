@@ -1,5 +1,7 @@
 #include "roster/qt/frmMain.h"
 
+#include "platform/Text.h"
+#include "platform/qt/Controls.h"
 #include "platform/qt/FilledBar.h"
 #include "platform/qt/OneLineBox.h"
 #include "platform/qt/QtText.h"
@@ -8,6 +10,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -16,6 +19,20 @@
 
 namespace turnpost {
 
+namespace {
+
+constexpr int mostNameWidth = 320; // pixels, half of the window
+
+// The menu would put what follows a tab into its column of shortcuts.
+void showStoredGame(QAction* item, const std::string& name) {
+    const QString line = toQt(oneLine(name)).replace('\t', ' ');
+    const QFontMetrics metrics(item->font());
+    item->setText(withoutAccessKeys(metrics.elidedText(line, Qt::ElideMiddle, mostNameWidth)));
+    item->setToolTip(plainTip(toQt(name)));
+}
+
+} // namespace
+
 void frmMain::showValues() {
     const SharedValues& values = application.values();
     showLine(GameName, values.game.GameName);
@@ -23,8 +40,7 @@ void frmMain::showValues() {
     txtYear->setText(QString::number(values.game.GameYear));
     rows->showGame();
     for (size_t slot = 0; slot < mnuStoredG.size(); ++slot) {
-        mnuStoredG[slot]->setText(
-            withoutAccessKeys(toQt(values.settings.StoredGames[slot].StoredGameName)));
+        showStoredGame(mnuStoredG[slot], values.settings.StoredGames[slot].StoredGameName);
     }
 }
 

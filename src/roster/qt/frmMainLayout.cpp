@@ -117,6 +117,7 @@ void frmMain::addMenus() {
     addItem(mnuSettings, "mnuEmailSets", "&Email", &frmMain::mnuEmailSets_Click);
     addItem(mnuSettings, "mnuMsg", "&Message", &frmMain::mnuMsg_Click);
     QMenu* mnuStored = addMenu("mnuStored", "&Stored Games");
+    mnuStored->setToolTipsVisible(true);
     for (size_t slot = 0; slot < mnuStoredG.size(); ++slot) {
         const int number = static_cast<int>(slot) + 1;
         mnuStoredG[slot] = mnuStored->addAction(QString());

@@ -1,10 +1,14 @@
+#include "compose/ExpandTemplate.h"
 #include "desk/SampleGame.h"
 #include "support/WindowTest.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QLabel>
+#include <QMenu>
 #include <QTest>
+#include <QTextDocumentFragment>
 
 namespace turnpost::desk {
 
@@ -88,6 +92,12 @@ TEST_F(Dialogs, EmailSettingsAreStoredAsTypedByOkOnly) {
     visit(settings, typed, {"txtHostName=lost", "txtHostEmail=lost", "txtSMTP=lost"}, "");
     in("frmSettings", "mnuEmailSets", [&](QWidget& form) {
         EXPECT_EQ(shownBy(form), typed);
+        QApplication::clipboard()->setText("\u200B");
+        for (const char* box : {"txtHostName", "txtHostEmail", "txtSMTP"}) {
+            QTest::keySequence(findControl<QWidget>(form, box), QKeySequence::Paste);
+        }
+        EXPECT_EQ(shownBy(form),
+                  "  Bob \"The Host\" Smith\u200B|bob@example.org| mail:2525 \u200B");
         QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
@@ -124,6 +134,25 @@ TEST_F(Dialogs, TheMessageIsStoredToTheLastBlankByOkOnlyAndEnterStartsALine) {
               "This message has been sent to you using Nimbus Turnpost Version 1.3.0");
     open("mnuNew");
     visit(message, "|", {}, "");
+}
+
+TEST_F(Dialogs, TheMessageKeepsEachTextOfAFileInWhichNothingIsTyped) {
+    const MessageTemplate odd{"a\rb\nc\u2028d\u2029e\uFDD0f",
+                              "a\rb\nc\u2028d\u2029e\uFDD0f\uFDD1g\r\n"};
+    const auto after = [&](const QStringList& deeds) {
+        host().desktop().app().storeMessage(odd);
+        in("frmMessage", "mnuMsg", [&](QWidget& form) {
+            for (const QString& deed : deeds) {
+                act(form, deed);
+            }
+            host().click("mnuOK", &form);
+        });
+        return values().message;
+    };
+    EXPECT_EQ(after({}), odd);
+    EXPECT_EQ(after({"txtSubject=x"}), (MessageTemplate{"x", odd.MessageBody}));
+    EXPECT_EQ(after({"txtMessage=x"}), (MessageTemplate{odd.MessageSubject, "x"}));
+    EXPECT_EQ(after({"txtMessage=x", "Default"}), defaultTemplate());
 }
 
 TEST_F(Dialogs, AttachmentsAreStoredByOkOnlyAndACancelledPickerPicksNothing) {
@@ -165,6 +194,25 @@ TEST_F(Dialogs, StoredGamesAreStoredAndShownInTheMenuByOkOnlyEachInItsSlot) {
     EXPECT_EQ(host().textOf("GameName"), "");
     open("mnuStoredG(4)");
     EXPECT_EQ(host().textOf("GameName"), "Spring & \"Cup\"");
+}
+
+TEST_F(Dialogs, AStoredGamesNameFitsTheMenuIsWholeInItsTipAndDecidesAsItIsWhetherItsSlotIsEmpty) {
+    const std::string name = "<b>&\t" + std::string(500, 'x') + "\t&</b>";
+    Settings stored = values().settings;
+    stored.StoredGames[0].StoredGameName = name;
+    stored.StoredGames[1].StoredGameName = " -\tEmpty - ";
+    folder.write("TURNPOST.INI", printSettings(stored));
+    start().desktop().startUp();
+    const auto* item = window().findChild<QAction*>("mnuStoredG(1)");
+    const QRegularExpression cut("^<b>&& x{5,}…x{5,} &&</b>$");
+    EXPECT_TRUE(cut.match(item->text()).hasMatch()) << item->text().toStdString();
+    EXPECT_LT(findControl<QMenu>(window(), "mnuStored")->sizeHint().width(), window().width());
+    EXPECT_TRUE(findControl<QMenu>(window(), "mnuStored")->toolTipsVisible());
+    EXPECT_EQ(
+        QTextDocumentFragment::fromHtml(item->toolTip()).toPlainText().remove('\n').toStdString(),
+        name);
+    EXPECT_EQ(window().findChild<QAction*>("mnuStoredG(2)")->text(), " - Empty - ");
+    EXPECT_EQ(boxBy("mnuStoredG(2)"), "Game details not found");
 }
 
 TEST_F(Dialogs, AboutHasCreditsOfFourLinesAndClosesByEnterAndEscape) {
