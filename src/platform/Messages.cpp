@@ -213,17 +213,12 @@ std::string saveGameFirst() {
     return "Please save game details first";
 }
 
-std::string tooFewValues(size_t count, size_t expected) {
-    return "It holds " + std::to_string(count) + " values that can be read, not " +
-           std::to_string(expected);
+std::string notWholeGameFile() {
+    return "It is not a game details file, or only part of one";
 }
 
 std::string severalWaysToRead() {
     return "Its double quotes leave several ways to read it";
-}
-
-std::string holdsNul() {
-    return "It holds a NUL character";
 }
 
 std::string ownFileTooLarge() {

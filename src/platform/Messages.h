@@ -33,9 +33,8 @@ std::string findGameFirst();
 std::string saveGameFirst();
 
 // What is wrong with a game details file.
-std::string tooFewValues(size_t count, size_t expected);
+std::string notWholeGameFile();
 std::string severalWaysToRead();
-std::string holdsNul();
 std::string ownFileTooLarge();
 
 // Why one of the program's own files is not written.

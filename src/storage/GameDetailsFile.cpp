@@ -95,13 +95,12 @@ std::string withoutEnd(const std::string& name, size_t length) {
 GameFileReading parseGameDetails(std::string_view text) {
     GameFileReading reading;
     if (text.find('\0') != std::string_view::npos) {
-        reading.damage = messages::holdsNul();
+        reading.damage = messages::notWholeGameFile();
         return reading;
     }
     const QuotedReading inOrder = readInOrder(text, layout);
     const bool all = inOrder.values.size() == valueCount;
-    reading.damage = all ? take(inOrder.values, reading.content)
-                         : messages::tooFewValues(inOrder.values.size(), valueCount);
+    reading.damage = all ? take(inOrder.values, reading.content) : messages::notWholeGameFile();
     if (reading.damage.empty() && !inOrder.whole) {
         reading.damage = messages::severalWaysToRead();
     }

@@ -47,9 +47,9 @@ TEST_F(MessageBoxes, OfSavingSayWhereOrWhyNot) {
     expectBoxes(save, {"Details saved to " + folder + "new.ntp"});
     expectBoxes(configure, {});
     EXPECT_EQ(application.currentGameToStore(), (StoredGame{"Cup", details}));
-    game.GamePath = "/" + std::string(600, 'a');
-    expectBoxes(save, {"Cannot write /" + std::string(249, 'a') + "..." + std::string(243, 'a') +
-                       "NEW.NTP\r\nFile name too long"});
+    game.GamePath = folder + std::string(600, 'a');
+    expectBoxes(save, {"Cannot write " + game.GamePath.substr(0, 250) + "..." +
+                       std::string(243, 'a') + "NEW.NTP\r\nFile name too long"});
 #endif
     // Neither found nor written wherever the program happens to be started.
     const std::filesystem::path before = std::filesystem::current_path();
@@ -87,7 +87,7 @@ TEST_F(MessageBoxes, OfOpeningSayWhyNotAndTheGameStaysAsItWas) {
                     {box});
     };
     expectNot("NONE.NTP", "Gamefile not found");
-    expectNot("BAD.NTP", damaged + "BAD.NTP\r\nIt holds 2 values that can be read, not 101");
+    expectNot("BAD.NTP", damaged + "BAD.NTP\r\nIt is not a game details file, or only part of one");
     expectNot("LARGE.NTP", damaged + "LARGE.NTP\r\nIt is larger than 1 MiB");
     expectNot("FAR.HST", unusable + "FAR.HST\r\nIts game year is above 32767");
     expectNot("NONE.HST", unusable + "NONE.HST\r\nNo such file or directory");

@@ -80,11 +80,11 @@ TEST_F(GameDetailsFiles, WhatIsWrongIsSaid) {
         EXPECT_EQ(damageBy("1,1", flags), noNumber) << flags;
     }
     EXPECT_EQ(damageBy("\"CUP.M1\"", "\"CUP.M1\",\"x\""), "A flag of player 2 is no number");
-    EXPECT_EQ(damageBy("\"Spring Cup\"\r\n", ""), "It holds 100 values that can be read, not 101");
-    EXPECT_EQ(damageBy("Hello", {"\0", 1}), "It holds a NUL character");
+    const std::string notWhole = "It is not a game details file, or only part of one";
+    EXPECT_EQ(damageBy("\"Spring Cup\"\r\n", ""), notWhole);
+    EXPECT_EQ(damageBy("Hello", {"\0", 1}), notWhole);
     message.MessageBody = "One place\"\r\n1,1,\"and\",\"another\",\"for the\",\"rows";
-    EXPECT_EQ(damageBy("Red Leader", "Red \"the\" Leader"),
-              "It holds 14 values that can be read, not 101");
+    EXPECT_EQ(damageBy("Red Leader", "Red \"the\" Leader"), notWhole);
     message.MessageBody.clear();
     game.rows[15].PlayerName = "\",\"";
     EXPECT_EQ(damageBy("", ""), "Its double quotes leave several ways to read it");
