@@ -79,10 +79,10 @@ TEST_F(Files, BehindMoreThan260CharactersAreLikeAllOthers) {
 }
 
 TEST_F(Files, AFolderIsAskedWhetherItTakesFilesWithoutMakingOne) {
-    const auto before = std::filesystem::last_write_time(toNativePath(programFolder()));
-    EXPECT_TRUE(isFolderWritable(programFolder()));
-    EXPECT_EQ(std::filesystem::last_write_time(toNativePath(programFolder())), before);
     temp.write("file", "");
+    const auto before = std::filesystem::last_write_time(toNativePath(temp.path()));
+    EXPECT_TRUE(isFolderWritable(temp.path()));
+    EXPECT_EQ(std::filesystem::last_write_time(toNativePath(temp.path())), before);
     EXPECT_FALSE(isFolderWritable(temp.path("file")));
     EXPECT_FALSE(isFolderWritable(temp.path("gone")));
 }
