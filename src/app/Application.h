@@ -5,7 +5,7 @@
 #include "mapi/MailDelivery.h"
 #include "mapi/MailSystem.h"
 #include "platform/Socket.h"
-#include "roster/PlayerSelection.h"
+#include "roster/MainCommands.h"
 #include "smtp/SendDriver.h"
 #include "storage/SettingsFile.h"
 
@@ -22,9 +22,10 @@ struct ProgramFolders {
     std::string configuration;
 };
 
-/// Every command of the program. A command tests its conditions first; when it says something in a
-/// message box, it has changed nothing.
-class Application {
+/// Every command of the program. A command checks its conditions first; if it refuses with a
+/// message box, nothing has changed. A box about what went wrong later, such as a file that cannot
+/// be written, says so.
+class Application final : public MainCommands {
   public:
     using MailSystemMaker = std::function<MailSystem(const Settings&)>;
 
@@ -39,32 +40,24 @@ class Application {
     /// shows the main window.
     void startUp();
 
-    /// Ends a send under way, so that nothing of it happens while the windows close.
-    void shutDown() { driver.abandon(); }
-
-    // The roster. What the host types goes into `game` at once.
-    GameDetails& game() { return shared.game; }
-    void findGame();
-    void selectPlayers(PlayerSelection selection);
-    void newGame();
-
-    // Game details files and stored games (slots 1 to 4).
-    void openGame();
-    void saveGame();
-    void loadStoredGame(int slot);
-    void configureStoredGames();
-
-    // Sending: while one way is under way, the other is refused. `parentWindow` is the main
-    // window's number in the window system.
-    void sendByMailSystem(std::uintptr_t parentWindow = 0);
-    void butSend_Click();
-    void butSend2_Click();
-
-    // Dialogs.
-    void editEmailSettings() { windows.openEmailSettings(); }
-    void editMessage() { windows.openMessageEditor(); }
-    void editAttachments() { windows.openAttachments(); }
-    void showAbout() { windows.openAbout(); }
+    // See MainCommands.
+    GameDetails& game() override { return shared.game; }
+    void findGame() override;
+    void selectPlayers(PlayerSelection selection) override;
+    void newGame() override;
+    void openGame() override;
+    void saveGame() override;
+    void loadStoredGame(int slot) override;
+    void configureStoredGames() override;
+    // Only one kind of send runs at a time; the other is refused meanwhile.
+    void butSend_Click() override;
+    void butSend2_Click() override;
+    void sendByMailSystem(std::uintptr_t parentWindow = 0) override;
+    void editEmailSettings() override { windows.openEmailSettings(); }
+    void editMessage() override { windows.openMessageEditor(); }
+    void editAttachments() override { windows.openAttachments(); }
+    void showAbout() override { windows.openAbout(); }
+    void shutDown() override { driver.abandon(); }
 
     // What the dialogs hand back at their OK.
     void storeEmailSettings(const std::string& hostName, const std::string& hostEmail,
@@ -73,7 +66,7 @@ class Application {
     void storeAttachments(const AttachmentChoices& choices) { shared.attachments = choices; }
     void storeStoredGames(const std::array<StoredGame, 4>& slots);
 
-    /// The slot that "Store" makes of the current game.
+    /// What the "Store" button puts into a slot.
     StoredGame currentGameToStore() const;
 
     /// Asks for a file to send as an extra attachment: its full path, empty when there is none.

@@ -1,5 +1,6 @@
 #include "app/qt/Desktop.h"
 
+#include "app/qt/MainClosing.h"
 #include "dialogs/qt/frmAbout.h"
 #include "dialogs/qt/frmAtch.h"
 #include "dialogs/qt/frmMessage.h"
@@ -55,14 +56,16 @@ ProgramFolders Desktop::ownFolders() {
 
 Desktop::Desktop(const ProgramFolders& folders, const Application::MailSystemMaker& makeMail)
     : application(std::make_unique<Application>(*this, Winsock1, folders, makeMail)),
-      main(std::make_unique<frmMain>(*application)) {}
+      main(std::make_unique<frmMain>(*application, playMainClosing)) {}
 
 void Desktop::setCaption(const std::string& caption) {
     main->setWindowTitle(toQt(caption));
 }
 
 void Desktop::showValues() {
-    main->showValues();
+    const auto& games = application->values().settings.StoredGames;
+    main->showValues({games[0].StoredGameName, games[1].StoredGameName, games[2].StoredGameName,
+                      games[3].StoredGameName});
 }
 
 void Desktop::showMainWindow() {
@@ -74,7 +77,7 @@ void Desktop::setProgress(double fraction) {
 }
 
 void Desktop::showBreak(const SendReport& lines) {
-    main->showBreak(lines);
+    main->showNotes(lines);
 }
 
 void Desktop::show(const std::string& text) {
@@ -82,23 +85,47 @@ void Desktop::show(const std::string& text) {
 }
 
 void Desktop::openEmailSettings() {
-    frmSettings(frontWindow(main.get()), *application).exec();
+    const auto store = [this](const std::string& name, const std::string& email,
+                              const std::string& server) {
+        application->storeEmailSettings(name, email, server);
+    };
+    frmSettings(frontWindow(main.get()), application->values().settings, store).exec();
 }
 
 void Desktop::openMessageEditor() {
-    frmMessage(frontWindow(main.get()), *application).exec();
+    const auto store = [this](const MessageTemplate& message) {
+        application->storeMessage(message);
+    };
+    frmMessage(frontWindow(main.get()), application->values().message, store).exec();
 }
 
 void Desktop::openFilePicker() {
-    frmOpen(frontWindow(main.get()), *application).exec();
+    const frmOpen::Answer answer{
+        [this](const std::string& folder, const std::string& file, bool asDefaultGame) {
+            application->pickFile(folder, file, asDefaultGame);
+        },
+        [this] { application->cancelPicker(); }};
+    const SharedValues& values = application->values();
+    frmOpen(frontWindow(main.get()), values.picker, values.game.GamePath,
+            application->folders().program, answer)
+        .exec();
 }
 
 void Desktop::openAttachments() {
-    frmAtch(frontWindow(main.get()), *application).exec();
+    const auto pickFile = [this] { return application->pickExtraAttachment(); };
+    const auto store = [this](const AttachmentChoices& choices) {
+        application->storeAttachments(choices);
+    };
+    frmAtch(frontWindow(main.get()), application->values().attachments, pickFile, store).exec();
 }
 
 void Desktop::openStoredGames() {
-    frmStore(frontWindow(main.get()), *application).exec();
+    const auto store = [this](const frmStore::Slots& games) {
+        application->storeStoredGames(games);
+    };
+    frmStore(frontWindow(main.get()), application->values().settings.StoredGames,
+             application->currentGameToStore(), store)
+        .exec();
 }
 
 void Desktop::openAbout() {

@@ -9,9 +9,10 @@
 
 namespace turnpost {
 
-frmAtch::frmAtch(QWidget* parent, Application& usedApplication)
-    : Form(parent, "frmAtch", "Attachments", {5400, 3105}), application(usedApplication) {
-    const AttachmentChoices& choices = application.values().attachments;
+frmAtch::frmAtch(QWidget* parent, const AttachmentChoices& choices, PickFile filePicker,
+                 Store storeAtOk)
+    : Form(parent, "frmAtch", "Attachments", {5400, 3105}), pickFile(std::move(filePicker)),
+      store(std::move(storeAtOk)) {
     chkXY = addCheckBox("chkXY", "Send XY File?", twipsRect(120, 120, 2415, 495));
     chkMx = addCheckBox("chkMx", "Send M Files?", twipsRect(2520, 120, 2535, 495));
     chkXY->setChecked(choices.SendXYFile == 1);
@@ -43,7 +44,7 @@ void frmAtch::addRow(size_t k) {
 }
 
 void frmAtch::butAddAtch_Click(size_t k) {
-    const std::string path = application.pickExtraAttachment();
+    const std::string path = pickFile();
     if (!path.empty()) {
         showFile(k, path);
     }
@@ -63,7 +64,7 @@ void frmAtch::butOK_Click() {
     for (size_t k = 0; k < txtFile.size(); ++k) {
         choices.ExtraAttachments[k] = fromQt(txtFile[k]->text());
     }
-    application.storeAttachments(choices);
+    store(choices);
     accept();
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "app/Application.h"
+#include "compose/AttachmentChoices.h"
 #include "platform/qt/Form.h"
+
+#include <functional>
 
 class QCheckBox;
 
@@ -10,7 +12,12 @@ namespace turnpost {
 /// The attachments dialog. Only OK stores anything.
 class frmAtch final : public Form {
   public:
-    frmAtch(QWidget* parent, Application& usedApplication);
+    /// Lets the host pick a file: its full path, empty for none.
+    using PickFile = std::function<std::string()>;
+    using Store = std::function<void(const AttachmentChoices&)>;
+
+    frmAtch(QWidget* parent, const AttachmentChoices& choices, PickFile filePicker,
+            Store storeAtOk);
 
   private:
     QCheckBox* addCheckBox(const char* name, const QString& caption, const QRect& place);
@@ -19,7 +26,8 @@ class frmAtch final : public Form {
     void butAddAtch_Click(size_t k);
     void butOK_Click();
 
-    Application& application;
+    PickFile pickFile;
+    Store store;
     QCheckBox* chkXY;
     QCheckBox* chkMx;
     std::array<QLineEdit*, 3> txtFile{};

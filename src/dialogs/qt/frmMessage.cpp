@@ -13,8 +13,8 @@
 
 namespace turnpost {
 
-frmMessage::frmMessage(QWidget* parent, Application& usedApplication)
-    : Form(parent, "frmMessage", "Edit Message", {7200, 5550}), application(usedApplication) {
+frmMessage::frmMessage(QWidget* parent, const MessageTemplate& message, Store storeAtOk)
+    : Form(parent, "frmMessage", "Edit Message", {7200, 5550}), store(std::move(storeAtOk)) {
     addLabel("Label1", "Subject:", twipsRect(240, 180, 1215, 255));
     txtSubject = addTextBox("txtSubject", twipsRect(1440, 150, 5520, 315), "Subject");
     addLabel("Label2", "Your Message:", twipsRect(240, 570, 2415, 255));
@@ -28,7 +28,7 @@ frmMessage::frmMessage(QWidget* parent, Application& usedApplication)
     QPushButton* buttonDefault = addButton("Default", "Default", twipsRect(3720, 4935, 1695, 495));
     connect(mnuOK, &QPushButton::clicked, this, &frmMessage::mnuOK_Click);
     connect(buttonDefault, &QPushButton::clicked, this, &frmMessage::Default_Click);
-    showTemplate(application.values().message);
+    showTemplate(message);
 }
 
 void frmMessage::showTemplate(const MessageTemplate& message) {
@@ -46,9 +46,8 @@ void frmMessage::Default_Click() {
 void frmMessage::mnuOK_Click() {
     // The boxes cannot hold each kind of line break that a file can.
     const bool typedBody = txtMessage->document()->isModified();
-    application.storeMessage(
-        {txtSubject->isModified() ? fromQt(txtSubject->text()) : shown.MessageSubject,
-         typedBody ? textOf(txtMessage) : shown.MessageBody});
+    store({txtSubject->isModified() ? fromQt(txtSubject->text()) : shown.MessageSubject,
+           typedBody ? textOf(txtMessage) : shown.MessageBody});
     accept();
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "app/Application.h"
 #include "compose/MessageTemplate.h"
 #include "platform/qt/Form.h"
+
+#include <functional>
 
 namespace turnpost {
 
@@ -10,7 +11,9 @@ namespace turnpost {
 /// which nothing was typed stays as it was, to the character. Its buttons do not answer Enter.
 class frmMessage final : public Form {
   public:
-    frmMessage(QWidget* parent, Application& usedApplication);
+    using Store = std::function<void(const MessageTemplate&)>;
+
+    frmMessage(QWidget* parent, const MessageTemplate& message, Store storeAtOk);
 
   protected:
     bool enterPressesButtons() const override { return false; }
@@ -20,7 +23,7 @@ class frmMessage final : public Form {
     void mnuOK_Click();
     void Default_Click();
 
-    Application& application;
+    Store store;
     QLineEdit* txtSubject;
     QPlainTextEdit* txtMessage;
     MessageTemplate shown;

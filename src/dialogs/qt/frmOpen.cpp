@@ -53,22 +53,20 @@ bool isEnter(int key) {
 
 } // namespace
 
-frmOpen::frmOpen(QWidget* parent, Application& usedApplication)
-    : Form(parent, "frmOpen", "Locate File", {7155, 4710}), application(usedApplication) {
-    const SharedValues& values = application.values();
-    addControls();
-    LoadDef->setVisible(offersDefaultGame(values.picker));
-    const std::string& program = application.folders().program;
-    auto folder =
-        listFolder(pickerStartFolder(values.game.GamePath, program), values.picker.PickerPattern);
-    showFolder(folder ? folder : listNearestFolder(program, values.picker.PickerPattern));
+frmOpen::frmOpen(QWidget* parent, const FilePicker& request, const std::string& gamePath,
+                 std::string programFolder, Answer answerTo)
+    : Form(parent, "frmOpen", "Locate File", {7155, 4710}), pattern(request.PickerPattern),
+      program(std::move(programFolder)), answer(std::move(answerTo)) {
+    addControls(request.PickerMessage);
+    LoadDef->setVisible(offersDefaultGame(request));
+    auto folder = listFolder(pickerStartFolder(gamePath, program), pattern);
+    showFolder(folder ? folder : listNearestFolder(program, pattern));
     fillDrives();
     (shown.files.empty() ? Dir1 : File1)->setFocus();
 }
 
-void frmOpen::addControls() {
-    addLabel("txtOpenMessage", toQt(application.values().picker.PickerMessage),
-             twipsRect(240, 60, 5415, 315));
+void frmOpen::addControls(const std::string& prompt) {
+    addLabel("txtOpenMessage", toQt(prompt), twipsRect(240, 60, 5415, 315));
     Drive1 = new CuttingComboBox(client());
     Drive1->setObjectName("Drive1");
     Drive1->setAccessibleName("Drive");
@@ -102,7 +100,7 @@ void frmOpen::fillDrives() {
     for (const std::string& drive : drives) {
         Drive1->addItem(shownName(drive));
     }
-    const std::string own = volumeOf(application.folders().program, drives);
+    const std::string own = volumeOf(program, drives);
     const auto place = std::find(drives.begin(), drives.end(), own);
     Drive1->setCurrentIndex(place == drives.end() ? -1 : static_cast<int>(place - drives.begin()));
 }
@@ -169,13 +167,11 @@ bool frmOpen::Dir1_KeyDown(int key) {
 }
 
 void frmOpen::Drive1_Change(int index) {
-    showFolder(listFolder(drives.at(static_cast<size_t>(index)),
-                          application.values().picker.PickerPattern));
+    showFolder(listFolder(drives.at(static_cast<size_t>(index)), pattern));
 }
 
 void frmOpen::Dir1_Change(int line) {
-    showFolder(listNearestFolder(shown.lines.at(static_cast<size_t>(line)).path,
-                                 application.values().picker.PickerPattern));
+    showFolder(listNearestFolder(shown.lines.at(static_cast<size_t>(line)).path, pattern));
 }
 
 void frmOpen::File1_Click() {
@@ -187,13 +183,13 @@ void frmOpen::butLoad_Click() {
     if (file < 0) {
         return;
     }
-    application.pickFile(shown.folder(), shown.files.at(static_cast<size_t>(file)).name,
-                         LoadDef->isChecked());
+    answer.picked(shown.folder(), shown.files.at(static_cast<size_t>(file)).name,
+                  LoadDef->isChecked());
     accept();
 }
 
 void frmOpen::butCancel_Click() {
-    application.cancelPicker();
+    answer.cancelled();
     QDialog::reject();
 }
 

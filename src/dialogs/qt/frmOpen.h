@@ -1,8 +1,10 @@
 #pragma once
 
-#include "app/Application.h"
+#include "dialogs/FilePicker.h"
 #include "dialogs/FolderList.h"
 #include "platform/qt/Form.h"
+
+#include <functional>
 
 class QCheckBox;
 class QComboBox;
@@ -11,10 +13,20 @@ namespace turnpost {
 
 class NameList;
 
-/// The file picker. Leaves the chosen file, or that nothing was chosen, with the application.
+/// The file picker.
 class frmOpen final : public Form {
   public:
-    frmOpen(QWidget* parent, Application& usedApplication);
+    /// What becomes of the request: exactly one of the two is called, before the dialog closes.
+    struct Answer {
+        std::function<void(const std::string& folder, const std::string& file, bool asDefaultGame)>
+            picked;
+        std::function<void()> cancelled;
+    };
+
+    /// Opens in the game's folder, or in the program's (see pickerStartFolder), whose drive the
+    /// drive list shows.
+    frmOpen(QWidget* parent, const FilePicker& request, const std::string& gamePath,
+            std::string programFolder, Answer answerTo);
 
     /// Every way of closing but Load is Cancel.
     void reject() override { butCancel_Click(); }
@@ -24,7 +36,7 @@ class frmOpen final : public Form {
     void showEvent(QShowEvent* event) override;
 
   private:
-    void addControls();
+    void addControls(const std::string& prompt);
     void fillDrives();
     void showFolder(std::optional<FolderList> folder);
     bool Dir1_KeyDown(int key);
@@ -34,7 +46,9 @@ class frmOpen final : public Form {
     void butLoad_Click();
     void butCancel_Click();
 
-    Application& application;
+    const std::string pattern;
+    const std::string program;
+    Answer answer;
     QComboBox* Drive1 = nullptr;
     NameList* Dir1 = nullptr;
     NameList* File1 = nullptr;

@@ -9,9 +9,8 @@
 
 namespace turnpost {
 
-frmSettings::frmSettings(QWidget* parent, Application& usedApplication)
-    : Form(parent, "frmSettings", "Email Settings", {5700, 2100}), application(usedApplication) {
-    const Settings& settings = application.values().settings;
+frmSettings::frmSettings(QWidget* parent, const Settings& settings, Store storeAtOk)
+    : Form(parent, "frmSettings", "Email Settings", {5700, 2100}), store(std::move(storeAtOk)) {
     addLabel("Label1", "Your Name:", twipsRect(240, 240, 1935, 255));
     txtHostName = addTextBox("txtHostName", twipsRect(2760, 240, 2775, 315), "Your name");
     addLabel("Label2", "Your Email Address:", twipsRect(240, 600, 2535, 315));
@@ -20,6 +19,7 @@ frmSettings::frmSettings(QWidget* parent, Application& usedApplication)
     takeAddresses(txtHostEmail);
     addLabel("Label3", "SMTP Address:", twipsRect(240, 960, 2415, 315));
     txtSMTP = addTextBox("txtSMTP", twipsRect(2760, 960, 2775, 315), "SMTP address");
+    takeAddresses(txtSMTP);
     txtHostName->setText(toQt(settings.HostName));
     txtHostEmail->setText(toQt(settings.HostEmail));
     txtSMTP->setText(toQt(settings.SmtpServer));
@@ -28,8 +28,7 @@ frmSettings::frmSettings(QWidget* parent, Application& usedApplication)
 }
 
 void frmSettings::butOK_Click() {
-    application.storeEmailSettings(fromQt(txtHostName->text()), fromQt(txtHostEmail->text()),
-                                   fromQt(txtSMTP->text()));
+    store(fromQt(txtHostName->text()), fromQt(txtHostEmail->text()), fromQt(txtSMTP->text()));
     accept();
 }
 

@@ -1,19 +1,25 @@
 #pragma once
 
-#include "app/Application.h"
 #include "platform/qt/Form.h"
+#include "storage/Settings.h"
+
+#include <functional>
 
 namespace turnpost {
 
 /// The e-mail settings dialog. Only OK stores anything.
 class frmSettings final : public Form {
   public:
-    frmSettings(QWidget* parent, Application& usedApplication);
+    /// At OK, `store` gets the host's name and address and the server as they were typed.
+    using Store = std::function<void(const std::string& hostName, const std::string& hostEmail,
+                                     const std::string& smtpServer)>;
+
+    frmSettings(QWidget* parent, const Settings& settings, Store storeAtOk);
 
   private:
     void butOK_Click();
 
-    Application& application;
+    Store store;
     QLineEdit* txtHostName;
     QLineEdit* txtHostEmail;
     QLineEdit* txtSMTP;

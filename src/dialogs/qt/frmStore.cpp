@@ -8,12 +8,13 @@
 
 namespace turnpost {
 
-frmStore::frmStore(QWidget* parent, Application& usedApplication)
+frmStore::frmStore(QWidget* parent, const Slots& storedGames, StoredGame gameToStore,
+                   Store storeAtOk)
     : Form(parent, "frmStore", "Where to store current game details?", {8115, 2760}),
-      application(usedApplication) {
+      current(std::move(gameToStore)), store(std::move(storeAtOk)) {
     for (size_t row = 0; row < games.size(); ++row) {
         addRow(row);
-        showSlot(row, application.values().settings.StoredGames[row]);
+        showSlot(row, storedGames[row]);
     }
     QPushButton* mnuOK = addButton("mnuOK", "OK", twipsRect(6240, 2160, 1575, 495));
     connect(mnuOK, &QPushButton::clicked, this, &frmStore::mnuOK_Click);
@@ -31,12 +32,10 @@ void frmStore::addRow(size_t row) {
         addTextBox(nameOf("txtStoreFile"), twipsRect(2160, top, 3735, 285), slot + "file");
     makeReadOnly(txtStoreName[row]);
     makeReadOnly(txtStoreFile[row]);
-    QPushButton* store =
-        addButton(nameOf("butStore"), "Store", twipsRect(6000, top - 60, 975, 375));
+    QPushButton* put = addButton(nameOf("butStore"), "Store", twipsRect(6000, top - 60, 975, 375));
     QPushButton* clear =
         addButton(nameOf("butClear"), "Clear", twipsRect(7080, top - 60, 855, 375));
-    connect(store, &QPushButton::clicked, this,
-            [this, row] { showSlot(row, application.currentGameToStore()); });
+    connect(put, &QPushButton::clicked, this, [this, row] { showSlot(row, current); });
     connect(clear, &QPushButton::clicked, this, [this, row] { showSlot(row, StoredGame()); });
 }
 
@@ -48,7 +47,7 @@ void frmStore::showSlot(size_t row, const StoredGame& slot) {
 }
 
 void frmStore::mnuOK_Click() {
-    application.storeStoredGames(games);
+    store(games);
     accept();
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "app/Application.h"
 #include "platform/qt/Form.h"
+#include "storage/Settings.h"
+
+#include <functional>
 
 namespace turnpost {
 
@@ -9,15 +11,20 @@ namespace turnpost {
 /// anything.
 class frmStore final : public Form {
   public:
-    frmStore(QWidget* parent, Application& usedApplication);
+    using Slots = std::array<StoredGame, 4>;
+    using Store = std::function<void(const Slots&)>;
+
+    /// `gameToStore` is what "Store" puts into a slot.
+    frmStore(QWidget* parent, const Slots& storedGames, StoredGame gameToStore, Store storeAtOk);
 
   private:
     void addRow(size_t row);
     void showSlot(size_t row, const StoredGame& slot);
     void mnuOK_Click();
 
-    Application& application;
-    std::array<StoredGame, 4> games;
+    StoredGame current;
+    Store store;
+    Slots games;
     std::array<QLineEdit*, 4> txtStoreName{};
     std::array<QLineEdit*, 4> txtStoreFile{};
 };

@@ -5,7 +5,6 @@
 #include "platform/qt/FilledBar.h"
 #include "platform/qt/OneLineBox.h"
 #include "platform/qt/QtText.h"
-#include "roster/qt/MainClosing.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -33,23 +32,19 @@ void showStoredGame(QAction* item, const std::string& name) {
 
 } // namespace
 
-void frmMain::showValues() {
-    const SharedValues& values = application.values();
-    showLine(GameName, values.game.GameName);
-    showLine(txtGamePath, values.game.GamePath);
-    txtYear->setText(QString::number(values.game.GameYear));
+void frmMain::showValues(const std::array<std::string, 4>& storedGames) {
+    const GameDetails& game = commands.game();
+    showLine(GameName, game.GameName);
+    showLine(txtGamePath, game.GamePath);
+    txtYear->setText(QString::number(game.GameYear));
     rows->showGame();
     for (size_t slot = 0; slot < mnuStoredG.size(); ++slot) {
-        showStoredGame(mnuStoredG[slot], values.settings.StoredGames[slot].StoredGameName);
+        showStoredGame(mnuStoredG[slot], storedGames[slot]);
     }
 }
 
 void frmMain::setProgress(double fraction) {
     Shape1->setFraction(fraction);
-}
-
-void frmMain::showBreak(const SendReport& lines) {
-    rows->showNotes(lines);
 }
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
@@ -75,14 +70,14 @@ void frmMain::closeEvent(QCloseEvent* event) {
     event->accept();
     // The animation lets events run, a second close among them.
     if (!std::exchange(closing, true)) {
-        application.shutDown();
-        playClosingAnimation(this);
+        commands.shutDown();
+        playClosing(this);
         QCoreApplication::quit();
     }
 }
 
 void frmMain::PlaySel_MouseDown(int index) {
-    application.selectPlayers(static_cast<PlayerSelection>(index));
+    commands.selectPlayers(static_cast<PlayerSelection>(index));
 }
 
 } // namespace turnpost

@@ -1,8 +1,11 @@
 #pragma once
 
-#include "app/Application.h"
 #include "platform/qt/Form.h"
+#include "roster/MainCommands.h"
 #include "roster/qt/RosterRows.h"
+
+#include <array>
+#include <functional>
 
 class QAction;
 class QMenu;
@@ -13,19 +16,20 @@ namespace turnpost {
 
 class FilledBar;
 
-/// The main window: shows the shared values and hands every command on.
+/// The main window: shows the game and hands every command on.
 class frmMain final : public Form {
   public:
-    explicit frmMain(Application& usedApplication);
+    /// `closingAnimation` is played on the window when the host closes it, before the program ends.
+    frmMain(MainCommands& mainCommands, std::function<void(QWidget*)> closingAnimation);
 
-    /// Brings every control in step with the shared values.
-    void showValues();
+    /// Brings every control in step with the game, and the Stored Games menu with these names.
+    void showValues(const std::array<std::string, 4>& storedGames);
 
     /// Sets the length of the progress bar, from 0 to 1 of its track.
     void setProgress(double fraction);
 
-    /// See SendDisplay::showBreak.
-    void showBreak(const SendReport& lines);
+    /// See RosterRows::showNotes.
+    void showNotes(const std::array<std::string, rowCount>& notes) { rows->showNotes(notes); }
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -42,23 +46,24 @@ class frmMain final : public Form {
     QAction* addItem(QMenu* menu, const char* name, const QString& caption,
                      void (frmMain::*handler)());
 
-    void GameChoose_Click() { application.findGame(); }
+    void GameChoose_Click() { commands.findGame(); }
     void PlaySel_MouseDown(int index);
-    void butSend_Click() { application.butSend_Click(); }
-    void butSend2_Click() { application.butSend2_Click(); }
-    void Command1_Click() { application.sendByMailSystem(winId()); }
-    void butAtch_Click() { application.editAttachments(); }
-    void mnuNew_Click() { application.newGame(); }
-    void mnuOpen_Click() { application.openGame(); }
-    void mnuSave_Click() { application.saveGame(); }
+    void butSend_Click() { commands.butSend_Click(); }
+    void butSend2_Click() { commands.butSend2_Click(); }
+    void Command1_Click() { commands.sendByMailSystem(winId()); }
+    void butAtch_Click() { commands.editAttachments(); }
+    void mnuNew_Click() { commands.newGame(); }
+    void mnuOpen_Click() { commands.openGame(); }
+    void mnuSave_Click() { commands.saveGame(); }
     void mnuExit_Click() { close(); }
-    void mnuEmailSets_Click() { application.editEmailSettings(); }
-    void mnuMsg_Click() { application.editMessage(); }
-    void mnuStoredG_Click(int slot) { application.loadStoredGame(slot); }
-    void mnuStoredCon_Click() { application.configureStoredGames(); }
-    void mnuAbout_Click() { application.showAbout(); }
+    void mnuEmailSets_Click() { commands.editEmailSettings(); }
+    void mnuMsg_Click() { commands.editMessage(); }
+    void mnuStoredG_Click(int slot) { commands.loadStoredGame(slot); }
+    void mnuStoredCon_Click() { commands.configureStoredGames(); }
+    void mnuAbout_Click() { commands.showAbout(); }
 
-    Application& application;
+    MainCommands& commands;
+    std::function<void(QWidget*)> playClosing;
     QMenuBar* menuBar = nullptr;
     QLineEdit* GameName = nullptr;
     QLineEdit* txtGamePath = nullptr;

@@ -14,22 +14,23 @@
 
 namespace turnpost {
 
-frmMain::frmMain(Application& usedApplication)
-    : Form(nullptr, "frmMain", {}, {9600, 7200}, Frame::MainWindow), application(usedApplication) {
+frmMain::frmMain(MainCommands& mainCommands, std::function<void(QWidget*)> closingAnimation)
+    : Form(nullptr, "frmMain", {}, {9600, 7200}, Frame::MainWindow), commands(mainCommands),
+      playClosing(std::move(closingAnimation)) {
     addMenus();
     addNameLine();
     addPathLine();
     addProgress();
     addSelection();
     addHeadings();
-    rows = new RosterRows(client(), application.game());
+    rows = new RosterRows(client(), commands.game());
 }
 
 void frmMain::addNameLine() {
     addLabel("Label4", "Game Name:", twipsRect(60, 120, 1575, 255));
     GameName = addTextBox("GameName", twipsRect(1440, 120, 2955, 345), "Game name");
     connect(GameName, &QLineEdit::textChanged, this,
-            [this](const QString& text) { application.game().GameName = fromQt(text); });
+            [this](const QString& text) { commands.game().GameName = fromQt(text); });
     addLabel("Label10", "Year:", twipsRect(4440, 120, 615, 315));
     txtYear = addLabel("txtYear", {}, twipsRect(5040, 120, 615, 315));
     txtYear->setContentsMargins({});

@@ -1,4 +1,4 @@
-#include "roster/qt/MainClosing.h"
+#include "app/qt/MainClosing.h"
 
 #include "app/ClosingAnimation.h"
 #include "platform/qt/Twips.h"
@@ -53,7 +53,7 @@ class ClosingWidget final : public ClosingWindow {
 
 } // namespace
 
-void playClosingAnimation(QWidget* window) {
+void playMainClosing(QWidget* window) {
     ClosingWidget closing(window);
     playClosingAnimation(closing);
 }

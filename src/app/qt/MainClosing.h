@@ -6,6 +6,6 @@ namespace turnpost {
 
 /// Plays the closing animation on a window and leaves it shrunk. Where the window system does not
 /// let a program place its windows, only the sizes change.
-void playClosingAnimation(QWidget* window);
+void playMainClosing(QWidget* window);
 
 } // namespace turnpost
