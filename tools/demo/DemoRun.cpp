@@ -11,7 +11,9 @@
 #include <QFile>
 #include <QLabel>
 #include <QPixmap>
+#include <QScreen>
 #include <QTimer>
+#include <QWindow>
 #include <iostream>
 
 namespace turnpost::demo {
@@ -22,12 +24,18 @@ using desk::Answer;
 using desk::Point;
 
 const char* const refusedAddress = "crimson@example.net";
+constexpr int heldConnection = 1; // stands still for a picture of the window while it sends
+constexpr int repaintTime = 250;  // milliseconds that a screen gets to show what has changed
 
-Answer answer(Point point, const std::string& line) {
+Answer answer(Point point, int connection, const std::string& line) {
     if (point == Point::Recipient && line.find(refusedAddress) != std::string::npos) {
         return {"550 5.1.1 No such mailbox here\r\n"};
     }
-    return desk::goodAnswer(point);
+    Answer good = desk::goodAnswer(point);
+    if (point == Point::Data && connection == heldConnection) {
+        good.then = Answer::Then::Pause;
+    }
+    return good;
 }
 
 } // namespace
@@ -37,16 +45,16 @@ DemoRun::DemoRun(const std::string& demoFolder)
       turnFiles(desk::makeSampleGame(
           demoFolder + "/game",
           {{1, 0}, {2, 45}, {4, 46}, {7, 100000}, {9, 300}, {12, 300}, {14, 300}, {16, 300}})),
-      extraFile("New rules & dates.\r\n.\r\nGood luck!\r\n"),
-      server([](Point point, int, const std::string& line) { return answer(point, line); }),
+      extraFile("New rules & dates.\r\n.\r\nGood luck!\r\n"), server(answer),
       person(demoFolder, recordingMailSystem(demoFolder)) {
     replaceFile(demoFolder + "/game/news & rules.txt", extraFile);
 }
 
-bool DemoRun::play(int pause) {
+bool DemoRun::play(int pause, bool fromScreen) {
     pauseLength = pause;
+    framed = fromScreen;
     enterSettings();
-    findGame();
+    findGame("game", "picker");
     enterPlayers();
     writeMessage();
     saveAndStore();
@@ -54,6 +62,9 @@ bool DemoRun::play(int pause) {
     sendBySmtp();
     sendByMailSystem();
     showAbout();
+    if (framed) {
+        showFullGame();
+    }
     for (const std::string& fault : person.watcher().faults()) {
         std::cerr << "window: " << fault << '\n';
     }
@@ -77,19 +88,21 @@ void DemoRun::enterSettings() {
     person.watcher().expect("frmSettings", [this](QWidget& form) {
         person.type("txtHostName", "Game Host", &form);
         person.type("txtHostEmail", "host@example.org", &form);
+        person.type("txtSMTP", "mail.example.org", &form);
+        takePicture(form, "email-settings");
         person.type("txtSMTP", QString::fromStdString(server.address()), &form);
-        takePicture(form, "settings");
         wait();
         person.click("butOK", &form);
     });
     person.desktop().startUp();
+    takePicture(person.window(), "main-empty");
     wait();
 }
 
-void DemoRun::findGame() {
-    person.watcher().expect("frmOpen", [this](QWidget& form) {
-        person.selectFile(form, folder + "/game", "GAME.HST");
-        takePicture(form, "picker");
+void DemoRun::findGame(const QString& game, const QString& picture) {
+    person.watcher().expect("frmOpen", [this, game, picture](QWidget& form) {
+        person.selectFile(form, folder + "/" + game, "GAME.HST");
+        takePicture(form, picture);
         wait();
         person.click("butLoad", &form);
     });
@@ -164,6 +177,7 @@ void DemoRun::addAttachment() {
     person.watcher().expect("frmAtch", [this](QWidget& form) {
         person.watcher().expect("frmOpen", [this](QWidget& picker) {
             person.selectFile(picker, {}, "news & rules.txt");
+            takePicture(picker, "picker-attachment");
             wait();
             person.click("butLoad", &picker);
         });
@@ -186,6 +200,14 @@ void DemoRun::expectReport(const QString& picture) {
 void DemoRun::sendBySmtp() {
     expectReport("report");
     person.click("butSend");
+    const auto held = [this] {
+        return server.conversations().size() > heldConnection &&
+               server.conversations()[heldConnection].commands.size() == 4;
+    };
+    if (desk::waitUntil(held)) {
+        takePicture(person.window(), "sending");
+        server.release(heldConnection);
+    }
     desk::waitUntil([this] { return person.watcher().done(); });
     takePicture(person.window(), "main-sent");
 }
@@ -204,8 +226,37 @@ void DemoRun::showAbout() {
     person.chooseMenu("mnuAbout");
 }
 
+void DemoRun::showFullGame() {
+    std::map<int, size_t> lengths;
+    for (int player = 1; player <= rowCount; ++player) {
+        lengths[player] = 1;
+    }
+    desk::makeSampleGame((folder + "/league").toStdString(), lengths);
+    findGame("league", "picker-16");
+    person.type("GameName", "Grand League");
+    for (const auto& [player, length] : lengths) {
+        person.type(QString("PlayerName(%1)").arg(player - 1),
+                    QString("Emperor of Realm %1").arg(player));
+        person.type(QString("PlayerEmail(%1)").arg(player - 1),
+                    QString("emperor%1@example.net").arg(player));
+    }
+    person.click("IncludePlayer(6)");
+    takePicture(person.window(), "main-16");
+}
+
 void DemoRun::takePicture(QWidget& window, const QString& name) {
-    window.grab().save(folder + "/" + name + ".png");
+    const QString file = folder + "/" + name + ".png";
+    if (!framed) {
+        window.grab().save(file);
+        return;
+    }
+    desk::waitUntil([&window] {
+        return window.isActiveWindow() && window.windowHandle()->frameMargins().top() > 0;
+    });
+    const QDeadlineTimer repainted(repaintTime);
+    desk::waitUntil([&repainted] { return repainted.hasExpired(); });
+    const QRect frame = window.frameGeometry();
+    window.screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height()).save(file);
 }
 
 void DemoRun::wait() {

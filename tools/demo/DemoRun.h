@@ -15,15 +15,16 @@ class DemoRun {
     /// `folder` becomes the program's folder; the sample game goes into game/ below it.
     explicit DemoRun(const std::string& demoFolder);
 
-    /// Goes through it; `pause` milliseconds between the steps let a person follow. Prints the
-    /// report. True when every message arrived as it should.
-    bool play(int pause);
+    /// Goes through it; `pause` milliseconds between the steps let a person follow. The pictures
+    /// are taken from the screen with the windows' frames when `fromScreen`, which then also shows
+    /// a game of 16 players. Prints the reports. True when every message arrived as it should.
+    bool play(int pause, bool fromScreen);
 
     desk::Host& host() { return person; }
 
   private:
     void enterSettings();
-    void findGame();
+    void findGame(const QString& game, const QString& picture);
     void enterPlayers();
     void writeMessage();
     void saveAndStore();
@@ -31,6 +32,7 @@ class DemoRun {
     void sendBySmtp();
     void sendByMailSystem();
     void showAbout();
+    void showFullGame();
     void expectReport(const QString& picture);
     void takePicture(QWidget& window, const QString& name);
     void wait();
@@ -41,6 +43,7 @@ class DemoRun {
     desk::ScriptedServer server;
     desk::Host person;
     int pauseLength = 0;
+    bool framed = false;
 };
 
 } // namespace turnpost::demo

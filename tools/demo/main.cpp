@@ -23,13 +23,17 @@ bool hasDisplay() {
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     const std::string mode = arguments.size() > 1 ? arguments[0] : std::string();
-    if (arguments.empty() || !(mode.empty() || mode == "--headless" || mode == "--alone")) {
-        std::cerr << "usage: turnpost_demo [--headless | --alone] FOLDER\n"
-                     "--headless needs no display, --alone no person\n";
+    if (arguments.empty() ||
+        !(mode.empty() || mode == "--headless" || mode == "--alone" || mode == "--from-screen")) {
+        std::cerr
+            << "usage: turnpost_demo [--headless | --alone | --from-screen] FOLDER\n"
+               "--headless needs no display, --alone no person; --from-screen is alone too and "
+               "takes the pictures with the windows' frames\n";
         return 2;
     }
+    const bool fromScreen = mode == "--from-screen";
     const bool headless = mode == "--headless" || !hasDisplay();
-    const bool alone = headless || mode == "--alone";
+    const bool alone = headless || fromScreen || mode == "--alone";
     if (headless) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
@@ -44,7 +48,7 @@ int main(int argc, char** argv) {
     turnpost::demo::DemoRun demo(folder.toStdString());
     bool good = false;
     try {
-        good = demo.play(alone ? 0 : pauseForAPerson);
+        good = demo.play(alone ? 0 : pauseForAPerson, fromScreen && !headless);
     } catch (const std::exception& failure) {
         std::cerr << "demo: " << failure.what() << '\n';
     }
