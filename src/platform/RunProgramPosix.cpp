@@ -1,56 +1,28 @@
+#include "platform/ProgramOutput.h"
 #include "platform/RunProgram.h"
-#include "platform/RunningProgram.h"
 
-#include <array>
-#include <cerrno>
 #include <csignal>
-#include <fcntl.h>
+#include <poll.h>
 #include <spawn.h>
-#include <unistd.h>
+#include <string_view>
+#include <sys/syscall.h>
+#include <sys/wait.h>
 
 namespace turnpost {
 
 namespace {
 
-// While it lives, a write to a program that has closed its input fails instead of ending this
-// process, and an ended program can be asked for its status whatever this process inherited.
-class Signals {
-  public:
-    Signals() {
-        sigset_t pending;
-        sigemptyset(&brokenPipe);
-        sigaddset(&brokenPipe, SIGPIPE);
-        sigpending(&pending);
-        wasPending = sigismember(&pending, SIGPIPE) == 1;
-        pthread_sigmask(SIG_BLOCK, &brokenPipe, &mask);
-        sigaction(SIGCHLD, nullptr, &childEnd);
-        if (childEnd.sa_handler == SIG_IGN || (childEnd.sa_flags & SA_NOCLDWAIT) != 0) {
-            struct sigaction usual {};
-            usual.sa_handler = SIG_DFL;
-            sigaction(SIGCHLD, &usual, nullptr);
-        }
-    }
-    Signals(const Signals&) = delete;
-    Signals& operator=(const Signals&) = delete;
-    ~Signals() {
-        const timespec now{};
-        if (!wasPending) {
-            sigtimedwait(&brokenPipe, nullptr, &now);
-        }
-        sigaction(SIGCHLD, &childEnd, nullptr);
-        pthread_sigmask(SIG_SETMASK, &mask, nullptr);
-    }
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
 
-  private:
-    sigset_t brokenPipe{};
-    sigset_t mask{};
-    struct sigaction childEnd {};
-    bool wasPending = false;
-};
+constexpr milliseconds killTimeout{5000};
+// Poll interval where pidfd_open is missing.
+constexpr milliseconds pollInterval{20};
 
-// Gives an error number, 0 when the program runs.
-int start(const std::string& program, const std::vector<std::string>& arguments, int input,
-          int output, int errors, pid_t& child) {
+// The descriptors become the program's standard input, output and error. Throws std::system_error
+// when the program cannot be started.
+pid_t start(const std::string& program, const std::vector<std::string>& arguments,
+            const std::array<int, 3>& descriptors) {
     std::vector<char*> words{const_cast<char*>(program.c_str())};
     for (const std::string& argument : arguments) {
         words.push_back(const_cast<char*>(argument.c_str()));
@@ -61,14 +33,11 @@ int start(const std::string& program, const std::vector<std::string>& arguments,
     posix_spawnattr_t attributes;
     posix_spawn_file_actions_init(&files);
     posix_spawnattr_init(&attributes);
-    // The order matters where this process has none of the three itself: the pipes then have their
-    // numbers, and the input's is the only one that can be among them.
-    int error = posix_spawn_file_actions_adddup2(&files, input, STDIN_FILENO);
-    if (error == 0) {
-        error = posix_spawn_file_actions_adddup2(&files, output, STDOUT_FILENO);
-    }
-    if (error == 0) {
-        error = posix_spawn_file_actions_adddup2(&files, errors, STDERR_FILENO);
+    int error = 0;
+    // If this process itself has stdin, stdout or stderr closed, the input pipe (made first) may
+    // have got one of their numbers; so it is moved first.
+    for (int number = STDIN_FILENO; number <= STDERR_FILENO && error == 0; ++number) {
+        error = posix_spawn_file_actions_adddup2(&files, descriptors.at(number), number);
     }
     // A session of its own has no terminal, and is a group of its own that can be killed as one.
     posix_spawnattr_setflags(&attributes,
@@ -78,41 +47,118 @@ int start(const std::string& program, const std::vector<std::string>& arguments,
     posix_spawnattr_setsigmask(&attributes, &set);
     sigaddset(&set, SIGPIPE);
     posix_spawnattr_setsigdefault(&attributes, &set);
+    pid_t child = 0;
     if (error == 0) {
         error = posix_spawn(&child, program.c_str(), &files, &attributes, words.data(), environ);
     }
     posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&files);
-    return error;
+    if (error != 0) {
+        throw std::system_error(error, std::generic_category());
+    }
+    return child;
 }
+
+// A running program with our ends of the pipes to and from it.
+class Process {
+  public:
+    // `inputBytes` must outlive this object. Throws std::system_error when the program cannot be
+    // started.
+    Process(const std::string& program, const std::vector<std::string>& arguments,
+            const std::string& inputBytes)
+        : unwritten(inputBytes),
+          child(start(program, arguments,
+                      {input.reading.get(), output.writingEnd(), errors.writingEnd()})) {
+        endNotice = Descriptor(static_cast<int>(syscall(SYS_pidfd_open, child, 0)));
+        fcntl(input.writing.get(), F_SETFL, O_NONBLOCK);
+    }
+
+    // Exchanges input and output with it until it ends by itself or is killed.
+    ProgramEnd wait(milliseconds timeout) {
+        auto deadline = Clock::now() + timeout;
+        bool killed = false;
+        while (!hasEnded()) {
+            if (Clock::now() < deadline) {
+                exchange();
+            } else if (!killed) {
+                kill(-child, SIGKILL);
+                killed = true;
+                deadline = Clock::now() + killTimeout;
+            } else {
+                break;
+            }
+        }
+        end.outputText = output.finish();
+        end.errorText = errors.finish();
+        if (killed && end.kind != ProgramEnd::Kind::Exited) {
+            end.kind = ProgramEnd::Kind::TimedOut;
+        }
+        return end;
+    }
+
+  private:
+    bool hasEnded() {
+        int status = 0;
+        const pid_t ended = waitpid(child, &status, WNOHANG);
+        if (ended < 0) {
+            end.number = errno;
+        } else if (ended > 0) {
+            const bool exited = WIFEXITED(status);
+            end.kind = exited ? ProgramEnd::Kind::Exited : ProgramEnd::Kind::Signalled;
+            end.number = exited ? WEXITSTATUS(status) : WTERMSIG(status);
+        }
+        return ended != 0;
+    }
+
+    void exchange() {
+        std::array<pollfd, 4> places{
+            pollfd{input.writing.get(), POLLOUT, 0}, pollfd{output.readingEnd(), POLLIN, 0},
+            pollfd{errors.readingEnd(), POLLIN, 0}, pollfd{endNotice.get(), POLLIN, 0}};
+        poll(places.data(), places.size(), pollInterval.count());
+        if (places[0].revents != 0) {
+            writeInput();
+        }
+        output.read();
+        errors.read();
+    }
+
+    void writeInput() {
+        const ssize_t count = write(input.writing.get(), unwritten.data(), unwritten.size());
+        unwritten.remove_prefix(static_cast<size_t>(std::max<ssize_t>(count, 0)));
+        if (unwritten.empty()) {
+            input.writing.close();
+        }
+    }
+
+    // We keep its reading end open too: when the program closes its input, writing then fails with
+    // EAGAIN once the pipe is full, and nobody gets SIGPIPE.
+    Pipe input;
+    ProgramOutput output;
+    ProgramOutput errors;
+    std::string_view unwritten;
+    pid_t child;
+    Descriptor endNotice;
+    ProgramEnd end;
+};
 
 } // namespace
 
 ProgramEnd runProgram(const std::string& program, const std::vector<std::string>& arguments,
-                      const std::string& input, std::chrono::milliseconds longest) {
-    const Signals signals;
-    ProgramEnd notStarted;
-    std::array<int, 2> ends{-1, -1};
-    // First, so that no other pipe gets a number below its own.
-    const bool opened = pipe2(ends.data(), O_CLOEXEC) == 0;
-    Descriptor inputReading(ends[0]);
-    Descriptor inputWriting(ends[1]);
-    ProgramOutput output;
-    ProgramOutput errors;
-    if (!opened || !output.open() || !errors.open()) {
-        notStarted.number = errno;
-        return notStarted;
+                      const std::string& input, milliseconds timeout) {
+    // Where this process was started with SIGCHLD ignored, the system keeps no child's exit status.
+    struct sigaction before {};
+    sigaction(SIGCHLD, nullptr, &before);
+    if (before.sa_handler == SIG_IGN || (before.sa_flags & SA_NOCLDWAIT) != 0) {
+        std::signal(SIGCHLD, SIG_DFL);
     }
-    pid_t child = 0;
-    notStarted.number = start(program, arguments, inputReading.get(), output.writingEnd(),
-                              errors.writingEnd(), child);
-    if (notStarted.number != 0) {
-        return notStarted;
+    ProgramEnd end;
+    try {
+        end = Process(program, arguments, input).wait(timeout);
+    } catch (const std::system_error& error) {
+        end.number = error.code().value();
     }
-    inputReading.close();
-    return RunningProgram(child, std::move(inputWriting), std::move(output), std::move(errors),
-                          input)
-        .wait(longest);
+    sigaction(SIGCHLD, &before, nullptr);
+    return end;
 }
 
 } // namespace turnpost
