@@ -15,9 +15,8 @@ int main(int argc, char** argv) {
                                      new QLineEdit("Captain" + number, &window),
                                      new QLineEdit("p" + number + "@example.org", &window),
                                      new QPushButton("Button " + number, &window)};
-        const int places[] = {10, 40, 80, 330, 640, 770};
         for (int i = 0; i < 5; ++i) {
-            controls[i]->setGeometry(places[i], 10 + 27 * row, places[i + 1] - places[i] - 5, 24);
+            controls[i]->setGeometry(10 + 154 * i, 10 + 27 * row, 149, 24);
         }
     }
     window.show();

@@ -1,8 +1,5 @@
-#include "BlockingClient.h"
-
-#include "BenchGame.h"
+#include "Sending.h"
 #include "compose/MUUEncode.h"
-#include "platform/Files.h"
 
 #include <netinet/in.h>
 #include <netinet/tcp.h>
@@ -23,12 +20,9 @@ void expectReply(int connection) {
 }
 
 void say(int connection, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t taken = send(connection, text.data(), text.size(), MSG_NOSIGNAL);
-        if (taken < 0) {
-            throw std::runtime_error("the connection broke");
-        }
-        text.remove_prefix(static_cast<size_t>(taken));
+    const ssize_t taken = send(connection, text.data(), text.size(), MSG_NOSIGNAL);
+    if (taken != static_cast<ssize_t>(text.size())) {
+        throw std::runtime_error("the connection broke");
     }
 }
 
@@ -37,11 +31,7 @@ void say(int connection, std::string_view text) {
 void sendBlocking(const GameDetails& game, std::uint16_t port) {
     const sockaddr_in server{AF_INET, htons(port), {htonl(INADDR_LOOPBACK)}, {}};
     for (const PlayerSlot& player : game.rows) {
-        if (player.IncludePlayer == 0) {
-            continue;
-        }
-        const std::string block =
-            uuencodedBlock(player.GameFile, readFile(game.GamePath + player.GameFile));
+        const std::string block = UUEncode(game.GamePath + player.GameFile);
         const int connection = socket(AF_INET, SOCK_STREAM, 0);
         const int atOnce = 1;
         setsockopt(connection, IPPROTO_TCP, TCP_NODELAY, &atOnce, sizeof atOnce);
@@ -56,8 +46,9 @@ void sendBlocking(const GameDetails& game, std::uint16_t port) {
             expectReply(connection);
         }
         say(connection, "From:Game Host <host@example.org>\r\nTo:" + player.PlayerName + " <" +
-                            player.PlayerEmail + ">\r\nSubject:Turn 2405 of Full Game\r\n\r\n" +
-                            body + "\r\n\r\n");
+                            player.PlayerEmail +
+                            ">\r\nSubject:Turn 2405 of Full Game\r\n\r\n"
+                            "Hello,\r\n\r\nhere is your turn.\r\n\r\n\r\n");
         say(connection, block);
         say(connection, "\r\n\r\n.\r\n");
         expectReply(connection);

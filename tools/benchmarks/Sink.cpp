@@ -1,63 +1,57 @@
-// A mail server that takes everything and keeps nothing. Prints its port; ends with its input.
-#include <iostream>
+#include "Sink.h"
+
 #include <netinet/in.h>
+#include <stdexcept>
 #include <string>
 #include <sys/socket.h>
 #include <thread>
 #include <unistd.h>
 
+namespace turnpost::bench {
+
 namespace {
 
+// Each client waits for an answer before it says more, so an answer is due at every end.
 void serve(int connection) {
-    const auto say = [connection](const std::string& reply) {
+    static char arrived[1 << 18];
+    const auto say = [connection](std::string_view reply) {
         send(connection, reply.data(), reply.size(), MSG_NOSIGNAL);
     };
-    constexpr std::string_view end = "\r\n.\r\n";
-    static thread_local char arrived[1 << 18];
-    std::string line;
+    std::string text;
     bool message = false;
     say("220 sink\r\n");
     for (ssize_t count = 0; (count = recv(connection, arrived, sizeof arrived, 0)) > 0;) {
-        std::string_view bytes(arrived, static_cast<size_t>(count));
-        if (message) {
-            line.append(bytes.substr(bytes.size() - std::min(bytes.size(), end.size())));
-            line.erase(0, line.size() - std::min(line.size(), end.size()));
-            message = line != end;
-            if (!message) {
-                line.clear();
-                say("250 taken\r\n");
-            }
+        text.append(arrived, static_cast<size_t>(count));
+        if (!text.ends_with(message ? "\r\n.\r\n" : "\r\n")) {
             continue;
         }
-        for (line += bytes; line.find('\n') != std::string::npos && !message;
-             line.erase(0, line.find('\n') + 1)) {
-            message = line.starts_with("DATA") || line.starts_with("data");
-            say(message                    ? "354 go on\r\n"
-                : line.starts_with("QUIT") ? "221 bye\r\n"
-                                           : "250 ok\r\n");
+        message = !message && text.starts_with("DATA");
+        say(message ? "354 go on\r\n" : "250 ok\r\n");
+        if (text.starts_with("QUIT")) {
+            break;
         }
+        text.clear();
     }
     close(connection);
 }
 
 } // namespace
 
-int main() {
+std::uint16_t startSink() {
     const int listening = socket(AF_INET, SOCK_STREAM, 0);
     sockaddr_in address{AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}};
     socklen_t size = sizeof address;
-    if (bind(listening, reinterpret_cast<sockaddr*>(&address), size) != 0 ||
-        listen(listening, 64) != 0) {
-        return 1;
+    auto* generic = reinterpret_cast<sockaddr*>(&address);
+    if (bind(listening, generic, size) != 0 || listen(listening, 64) != 0 ||
+        getsockname(listening, generic, &size) != 0) {
+        throw std::runtime_error("no server");
     }
-    getsockname(listening, reinterpret_cast<sockaddr*>(&address), &size);
-    std::cout << ntohs(address.sin_port) << std::endl;
     std::thread([listening] {
-        for (int connection = 0; (connection = accept(listening, nullptr, nullptr)) >= 0;) {
-            std::thread(serve, connection).detach();
+        while (true) {
+            serve(accept(listening, nullptr, nullptr));
         }
     }).detach();
-    while (std::cin.get() != EOF) {
-    }
-    _exit(0);
+    return ntohs(address.sin_port);
 }
+
+} // namespace turnpost::bench

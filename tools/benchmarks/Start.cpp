@@ -1,29 +1,29 @@
-// Starts a program and prints the milliseconds from exec until its first window is mapped, and its
-// memory in KiB at most, taken half a second later: bench_mapped PROGRAM
+#include "Start.h"
+
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <fstream>
-#include <iostream>
-#include <string>
+#include <stdexcept>
 #include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 #include <xcb/xcb.h>
 
-int main(int argc, char** argv) {
+namespace turnpost::bench {
+
+double startTime(const std::string& program) {
     xcb_connection_t* display = xcb_connect(nullptr, nullptr);
-    if (argc != 2 || xcb_connection_has_error(display) != 0) {
-        return 2;
+    if (xcb_connection_has_error(display) != 0) {
+        throw std::runtime_error("no display");
     }
     const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(display)).data->root;
     const std::uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     xcb_change_window_attributes(display, root, XCB_CW_EVENT_MASK, &mask);
+    // The answer comes when the display has taken what was said before.
     free(xcb_get_input_focus_reply(display, xcb_get_input_focus(display), nullptr));
     const auto start = std::chrono::steady_clock::now();
-    const pid_t program = fork();
-    if (program == 0) {
-        execl(argv[1], argv[1], nullptr);
+    const pid_t child = fork();
+    if (child == 0) {
+        execl(program.c_str(), program.c_str(), nullptr);
         _exit(127);
     }
     alarm(20);
@@ -35,15 +35,11 @@ int main(int argc, char** argv) {
     }
     const std::chrono::duration<double, std::milli> taken =
         std::chrono::steady_clock::now() - start;
-    std::this_thread::sleep_for(std::chrono::milliseconds(500));
-    std::ifstream status("/proc/" + std::to_string(program) + "/status");
-    std::string word;
-    while (status >> word && word != "VmHWM:") {
-    }
-    long memory = 0;
-    status >> memory;
-    std::cout << taken.count() << ' ' << memory << '\n';
-    kill(program, SIGTERM);
-    waitpid(program, nullptr, 0);
+    alarm(0);
+    kill(child, SIGTERM);
+    waitpid(child, nullptr, 0);
     xcb_disconnect(display);
+    return taken.count();
 }
+
+} // namespace turnpost::bench
