@@ -12,6 +12,7 @@ namespace {
 class Watch final : public SendDisplay, public MessageBox {
   public:
     void setProgress(double) override {}
+    void showBreak(const SendReport&) override {}
     void openReport() override { done = true; }
     void show(const std::string& text) override { throw std::runtime_error(text); }
 
