@@ -3,8 +3,8 @@
 #include "fakes/FakeDisplay.h"
 #include "fakes/FakeSocket.h"
 #include "fakes/TempFolder.h"
-#include "platform/CodePage.h"
 #include "smtp/SendDriver.h"
+#include "text/CodePage.h"
 
 using namespace turnpost;
 using fuzz::require;

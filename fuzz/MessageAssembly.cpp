@@ -1,9 +1,9 @@
 #include "Property.h"
+#include "automation/UuDecoder.h"
 #include "compose/MUUEncode.h"
-#include "desk/UuDecoder.h"
-#include "platform/CodePage.h"
-#include "platform/Text.h"
 #include "smtp/MessageText.h"
+#include "text/CodePage.h"
+#include "text/Text.h"
 
 #include <algorithm>
 
@@ -26,7 +26,7 @@ std::string received(const std::string& wire) {
         require(i == end || wire[i] != '.' || wire[i - 1] != '\n' || wire[i + 1] == '.',
                 "a period that starts a line is doubled, so no value ends the message early");
     }
-    return desk::withoutDoubledPeriods(wire.substr(0, end));
+    return automation::withoutDoubledPeriods(wire.substr(0, end));
 }
 
 // The names of the header's lines, each with its colon.
@@ -68,7 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     const std::string body = toWireBytes(withCrLf(state.PlayerBody)) + "\r\n\r\n";
     require(text.substr(bodyStart) == body + toWireBytes(block) + "\r\n",
             "body and blocks arrive as they were");
-    const auto files = desk::decodeUuBlocks(block);
+    const auto files = automation::decodeUuBlocks(block);
     require(files && files->size() == 1 && files->at(0).name == oneLine(fileName) &&
                 files->at(0).bytes == fileBytes,
             "a block decodes to its file");

@@ -1,8 +1,8 @@
 #include "Property.h"
-#include "platform/CodePage.h"
-#include "platform/Text.h"
 #include "storage/GameDetailsFile.h"
 #include "storage/SettingsFile.h"
+#include "text/CodePage.h"
+#include "text/Text.h"
 
 #include <iconv.h>
 #include <optional>

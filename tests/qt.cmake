@@ -1,14 +1,15 @@
 # The windows and adapters of a room, with the real forms.
-foreach(room platform smtp dialogs roster app)
-  file(GLOB sources CONFIGURE_DEPENDS ${room}/qt/*Test.cpp)
-  add_executable(test_${room}_qt ${sources} support/TestMain.cpp)
-  target_include_directories(test_${room}_qt PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
-  target_link_libraries(test_${room}_qt PRIVATE turnpost_desk GTest::gtest)
+foreach(folder net/qt widgets smtp/qt dialogs/qt roster/qt app/qt)
+  file(GLOB sources CONFIGURE_DEPENDS ${folder}/*Test.cpp)
+  string(REPLACE "/" "_" room ${folder})
+  add_executable(test_${room} ${sources} support/TestMain.cpp)
+  target_include_directories(test_${room} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(test_${room} PRIVATE turnpost_automation GTest::gtest)
   if(CMAKE_CROSSCOMPILING)
     # The static toolkit holds what is named only.
-    qt_import_plugins(test_${room}_qt INCLUDE Qt6::QOffscreenIntegrationPlugin)
+    qt_import_plugins(test_${room} INCLUDE Qt6::QOffscreenIntegrationPlugin)
   endif()
-  turnpost_add_tests(test_${room}_qt)
+  turnpost_add_tests(test_${room})
 endforeach()
 
 target_compile_definitions(test_smtp_qt PRIVATE TURNPOST_TESTS="${CMAKE_CURRENT_SOURCE_DIR}")

@@ -11,6 +11,6 @@ turnpost_add_tests(test_mapi_windows)
 
 # What depends on the system's code page, where that is UTF-8.
 enable_language(RC)
-add_executable(test_platform_utf8 $<TARGET_OBJECTS:test_platform> platform/windows/utf8.rc)
-target_link_libraries(test_platform_utf8 PRIVATE turnpost_platform GTest::gtest_main)
-turnpost_add_tests(test_platform_utf8)
+add_executable(test_text_utf8 $<TARGET_OBJECTS:test_text> text/windows/utf8.rc)
+target_link_libraries(test_text_utf8 PRIVATE turnpost_text GTest::gtest_main)
+turnpost_add_tests(test_text_utf8)

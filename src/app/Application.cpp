@@ -1,9 +1,9 @@
 #include "app/Application.h"
 
-#include "platform/FileError.h"
-#include "platform/Messages.h"
-#include "platform/Path.h"
+#include "files/FileError.h"
 #include "roster/HostFile.h"
+#include "text/Messages.h"
+#include "text/Path.h"
 
 namespace turnpost {
 

@@ -4,7 +4,7 @@
 #include "app/SharedValues.h"
 #include "mapi/MailDelivery.h"
 #include "mapi/MailSystem.h"
-#include "platform/Socket.h"
+#include "net/Socket.h"
 #include "roster/MainCommands.h"
 #include "smtp/SendDriver.h"
 #include "storage/SettingsFile.h"

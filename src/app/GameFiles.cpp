@@ -1,12 +1,12 @@
 #include "app/Application.h"
 
-#include "platform/FileError.h"
-#include "platform/Files.h"
-#include "platform/Messages.h"
-#include "platform/Path.h"
-#include "platform/Text.h"
+#include "files/FileError.h"
+#include "files/Files.h"
 #include "roster/HostFile.h"
 #include "storage/GameDetailsFile.h"
+#include "text/Messages.h"
+#include "text/Path.h"
+#include "text/Text.h"
 
 #include <utility>
 

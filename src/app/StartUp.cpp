@@ -1,8 +1,8 @@
 #include "app/Application.h"
-#include "platform/FileError.h"
-#include "platform/Messages.h"
-#include "platform/Path.h"
-#include "platform/Version.h"
+#include "files/FileError.h"
+#include "text/Messages.h"
+#include "text/Path.h"
+#include "text/Version.h"
 
 namespace turnpost {
 

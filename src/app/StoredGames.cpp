@@ -1,8 +1,8 @@
 #include "app/Application.h"
 
-#include "platform/Files.h"
-#include "platform/Messages.h"
+#include "files/Files.h"
 #include "storage/GameDetailsFile.h"
+#include "text/Messages.h"
 
 namespace turnpost {
 

@@ -1,9 +1,9 @@
 #include "compose/AddressFault.h"
 
-#include "platform/CodePage.h"
-#include "platform/InvisibleCharacters.h"
-#include "platform/Messages.h"
-#include "platform/Text.h"
+#include "text/CodePage.h"
+#include "text/InvisibleCharacters.h"
+#include "text/Messages.h"
+#include "text/Text.h"
 
 namespace turnpost {
 

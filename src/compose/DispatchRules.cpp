@@ -2,9 +2,9 @@
 
 #include "compose/AddressFault.h"
 #include "compose/ExpandTemplate.h"
-#include "platform/FileError.h"
-#include "platform/Files.h"
-#include "platform/Messages.h"
+#include "files/FileError.h"
+#include "files/Files.h"
+#include "text/Messages.h"
 
 #include <stdexcept>
 #include <vector>

@@ -1,6 +1,6 @@
 #include "compose/ExpandTemplate.h"
 
-#include "platform/Version.h"
+#include "text/Version.h"
 
 #include <stdexcept>
 

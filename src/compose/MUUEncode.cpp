@@ -1,8 +1,8 @@
 #include "compose/MUUEncode.h"
 
-#include "platform/Files.h"
-#include "platform/Path.h"
-#include "platform/Text.h"
+#include "files/Files.h"
+#include "text/Path.h"
+#include "text/Text.h"
 
 #include <algorithm>
 #include <array>

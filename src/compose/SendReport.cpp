@@ -1,6 +1,6 @@
 #include "compose/SendReport.h"
 
-#include "platform/Messages.h"
+#include "text/Messages.h"
 
 namespace turnpost {
 

@@ -1,7 +1,7 @@
 #include "dialogs/FilePicker.h"
 
-#include "platform/Files.h"
-#include "platform/Path.h"
+#include "files/Files.h"
+#include "text/Path.h"
 
 namespace turnpost {
 

@@ -1,12 +1,12 @@
 #include "dialogs/FolderList.h"
 
 #include "dialogs/FilePicker.h"
-#include "platform/CodePage.h"
-#include "platform/Files.h"
-#include "platform/FolderEntries.h"
-#include "platform/Messages.h"
-#include "platform/Path.h"
-#include "platform/Text.h"
+#include "files/Files.h"
+#include "files/FolderEntries.h"
+#include "text/CodePage.h"
+#include "text/Messages.h"
+#include "text/Path.h"
+#include "text/Text.h"
 
 #include <algorithm>
 #include <tuple>

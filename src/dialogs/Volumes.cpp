@@ -1,9 +1,9 @@
 #include "dialogs/Volumes.h"
 
 #include "dialogs/FolderList.h"
-#include "platform/Files.h"
-#include "platform/Path.h"
-#include "platform/Text.h"
+#include "files/Files.h"
+#include "text/Path.h"
+#include "text/Text.h"
 
 #include <algorithm>
 #include <array>

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "compose/DispatchRules.h"
+#include "compose/MessageBox.h"
+#include "compose/SendDisplay.h"
+#include "compose/SendState.h"
 #include "mapi/MailMessages.h"
 #include "mapi/MailSession.h"
-#include "platform/MessageBox.h"
-#include "smtp/SendDisplay.h"
-#include "smtp/SendState.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
 #include "mapi/MimeHeader.h"
 
-#include "platform/Text.h"
+#include "text/Text.h"
 
 #include <algorithm>
 #include <gmime/gmime.h>

@@ -1,7 +1,7 @@
 #include "mapi/MimeMessage.h"
 
 #include "mapi/MimeHeader.h"
-#include "platform/Text.h"
+#include "text/Text.h"
 
 #include <gmime/gmime.h>
 #include <memory>

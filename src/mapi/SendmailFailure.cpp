@@ -1,7 +1,7 @@
 #include "mapi/SendmailFailure.h"
 
-#include "platform/CodePage.h"
-#include "platform/Messages.h"
+#include "text/CodePage.h"
+#include "text/Messages.h"
 
 #include <cstring>
 #include <deque>

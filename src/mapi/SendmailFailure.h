@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/RunProgram.h"
+#include "process/RunProgram.h"
 
 #include <optional>
 #include <string>

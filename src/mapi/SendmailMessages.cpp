@@ -1,14 +1,14 @@
 #include "mapi/SendmailMessages.h"
 
 #include "compose/AddressFault.h"
+#include "files/FileError.h"
+#include "files/Files.h"
 #include "mapi/MimeHeader.h"
 #include "mapi/SendmailFailure.h"
-#include "platform/CodePage.h"
-#include "platform/FileError.h"
-#include "platform/Files.h"
-#include "platform/Messages.h"
-#include "platform/Path.h"
-#include "platform/Text.h"
+#include "text/CodePage.h"
+#include "text/Messages.h"
+#include "text/Path.h"
+#include "text/Text.h"
 
 namespace turnpost {
 

@@ -1,7 +1,7 @@
 #include "mapi/SendmailSession.h"
 
-#include "platform/Files.h"
-#include "platform/Path.h"
+#include "files/Files.h"
+#include "text/Path.h"
 
 #include <cstdlib>
 #include <sstream>

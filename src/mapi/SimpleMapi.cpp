@@ -1,6 +1,6 @@
 #include "mapi/SimpleMapi.h"
 
-#include "platform/CodePage.h"
+#include "text/CodePage.h"
 
 #include <bit>
 

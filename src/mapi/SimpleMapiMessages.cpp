@@ -1,8 +1,8 @@
 #include "mapi/SimpleMapiMessages.h"
 
-#include "platform/CodePage.h"
-#include "platform/Messages.h"
-#include "platform/Path.h"
+#include "text/CodePage.h"
+#include "text/Messages.h"
+#include "text/Path.h"
 
 #include <algorithm>
 #include <deque>

@@ -1,6 +1,6 @@
 #include "mapi/SimpleMapiSession.h"
 
-#include "platform/Messages.h"
+#include "text/Messages.h"
 
 namespace turnpost {
 

@@ -1,6 +1,6 @@
 #include "roster/GameDetails.h"
 
-#include "platform/Text.h"
+#include "text/Text.h"
 
 #include <vector>
 

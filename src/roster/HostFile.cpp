@@ -1,9 +1,9 @@
 #include "roster/HostFile.h"
 
-#include "platform/FileError.h"
-#include "platform/Files.h"
-#include "platform/Messages.h"
-#include "platform/Path.h"
+#include "files/FileError.h"
+#include "files/Files.h"
+#include "text/Messages.h"
+#include "text/Path.h"
 
 #include <limits>
 

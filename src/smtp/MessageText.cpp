@@ -1,7 +1,7 @@
 #include "smtp/MessageText.h"
 
-#include "platform/CodePage.h"
-#include "platform/Text.h"
+#include "text/CodePage.h"
+#include "text/Text.h"
 
 #include <algorithm>
 #include <utility>

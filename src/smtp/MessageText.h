@@ -1,7 +1,7 @@
 #pragma once
 
+#include "compose/SendState.h"
 #include "roster/PlayerSlot.h"
-#include "smtp/SendState.h"
 #include "storage/Settings.h"
 
 #include <string>

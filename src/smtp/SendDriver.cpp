@@ -2,10 +2,10 @@
 
 #include "compose/AddressFault.h"
 #include "compose/MUUEncode.h"
-#include "platform/Files.h"
-#include "platform/Messages.h"
-#include "platform/Text.h"
+#include "files/Files.h"
 #include "smtp/ServerAddress.h"
+#include "text/Messages.h"
+#include "text/Text.h"
 
 #include <algorithm>
 

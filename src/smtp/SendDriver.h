@@ -1,7 +1,7 @@
 #pragma once
 
 #include "compose/DispatchRules.h"
-#include "smtp/SendDisplay.h"
+#include "compose/SendDisplay.h"
 #include "smtp/SmtpSession.h"
 
 #include <chrono>

@@ -1,9 +1,9 @@
 #include "smtp/SmtpSession.h"
 
 #include "compose/AddressFault.h"
-#include "platform/CodePage.h"
-#include "platform/Messages.h"
 #include "smtp/MessageText.h"
+#include "text/CodePage.h"
+#include "text/Messages.h"
 
 namespace turnpost {
 

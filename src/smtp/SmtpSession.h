@@ -1,11 +1,11 @@
 #pragma once
 
+#include "compose/MessageBox.h"
+#include "compose/SendDisplay.h"
 #include "compose/SendReport.h"
-#include "platform/MessageBox.h"
-#include "platform/Socket.h"
+#include "compose/SendState.h"
+#include "net/Socket.h"
 #include "roster/GameDetails.h"
-#include "smtp/SendDisplay.h"
-#include "smtp/SendState.h"
 #include "storage/Settings.h"
 
 #include <functional>

@@ -1,11 +1,11 @@
 #include "storage/GameDetailsFile.h"
 
-#include "platform/CodePage.h"
-#include "platform/Files.h"
-#include "platform/Messages.h"
-#include "platform/Text.h"
+#include "files/Files.h"
 #include "storage/OwnFile.h"
 #include "storage/QuotedValues.h"
+#include "text/CodePage.h"
+#include "text/Messages.h"
+#include "text/Text.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
 #include "storage/OwnFile.h"
 
-#include "platform/CodePage.h"
-#include "platform/FileError.h"
-#include "platform/Files.h"
-#include "platform/Messages.h"
+#include "files/FileError.h"
+#include "files/Files.h"
+#include "text/CodePage.h"
+#include "text/Messages.h"
 
 namespace turnpost {
 

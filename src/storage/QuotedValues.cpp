@@ -1,6 +1,6 @@
 #include "storage/QuotedValues.h"
 
-#include "platform/Text.h"
+#include "text/Text.h"
 
 #include <algorithm>
 #include <charconv>

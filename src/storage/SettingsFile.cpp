@@ -1,11 +1,11 @@
 #include "storage/SettingsFile.h"
 
-#include "platform/CodePage.h"
-#include "platform/Files.h"
-#include "platform/Folders.h"
-#include "platform/Path.h"
+#include "files/Files.h"
+#include "files/Folders.h"
 #include "storage/OwnFile.h"
 #include "storage/QuotedValues.h"
+#include "text/CodePage.h"
+#include "text/Path.h"
 
 #include <array>
 #include <vector>

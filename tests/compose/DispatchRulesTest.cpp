@@ -1,8 +1,8 @@
 #include "compose/DispatchRules.h"
 
 #include "fakes/TempFolder.h"
-#include "platform/CodePage.h"
-#include "platform/FileError.h"
+#include "files/FileError.h"
+#include "text/CodePage.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/MessageBox.h"
-#include "smtp/SendDisplay.h"
+#include "compose/MessageBox.h"
+#include "compose/SendDisplay.h"
 
 #include <vector>
 

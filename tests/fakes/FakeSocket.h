@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Socket.h"
+#include "net/Socket.h"
 
 #include <stdexcept>
 #include <string>

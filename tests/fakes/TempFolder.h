@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Files.h"
-#include "platform/Path.h"
+#include "files/Files.h"
+#include "text/Path.h"
 
 #include <filesystem>
 #include <fstream>

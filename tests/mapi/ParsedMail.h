@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fakes/TempFolder.h"
-#include "platform/RunProgram.h"
+#include "process/RunProgram.h"
 
 #include <gtest/gtest.h>
 

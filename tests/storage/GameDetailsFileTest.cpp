@@ -1,6 +1,6 @@
 #include "storage/GameDetailsFile.h"
 
-#include "platform/Text.h"
+#include "text/Text.h"
 
 #include <gtest/gtest.h>
 

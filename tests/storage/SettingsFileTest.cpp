@@ -1,7 +1,7 @@
 #include "storage/SettingsFile.h"
 
 #include "fakes/TempFolder.h"
-#include "platform/FileError.h"
+#include "files/FileError.h"
 #include "storage/QuotedValues.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "desk/Waiting.h"
-#include "platform/Files.h"
+#include "automation/Waiting.h"
+#include "files/Files.h"
 
 #include <QDir>
 #include <QProcess>
@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace turnpost::desk {
+namespace turnpost::automation {
 
 /// A message as a mail server stored it; line ends LF.
 struct StoredMail {
@@ -87,4 +87,4 @@ class MailServer {
     QString mailbox = qEnvironmentVariable("TURNPOST_MAILBOX", folder.filePath("mail"));
 };
 
-} // namespace turnpost::desk
+} // namespace turnpost::automation

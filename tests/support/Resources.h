@@ -12,7 +12,7 @@
 #include <malloc.h>
 #endif
 
-namespace turnpost::desk {
+namespace turnpost::automation {
 
 /// Open file descriptors of the process; on Windows its handles.
 inline std::size_t openDescriptors() {
@@ -52,4 +52,4 @@ inline void expectFlat(const char* what, const std::vector<std::size_t>& figures
     EXPECT_LE(last, first + slack) << what;
 }
 
-} // namespace turnpost::desk
+} // namespace turnpost::automation

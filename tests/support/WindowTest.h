@@ -1,12 +1,12 @@
 #pragma once
 
-#include "desk/Host.h"
+#include "automation/Host.h"
 #include "fakes/TempFolder.h"
 
 #include <gtest/gtest.h>
 #include <optional>
 
-namespace turnpost::desk {
+namespace turnpost::automation {
 
 /// A host at the desk in a folder of their own. There is one at a time: a second one's windows
 /// would be closed by the first one's watcher. At the end of each, every expected window must have
@@ -58,4 +58,4 @@ class WindowTest : public testing::Test {
     std::optional<Host> desk;
 };
 
-} // namespace turnpost::desk
+} // namespace turnpost::automation

@@ -4,9 +4,9 @@
 #include "Sending.h"
 #include "Sink.h"
 #include "Start.h"
+#include "automation/SampleGame.h"
 #include "compose/MUUEncode.h"
-#include "desk/SampleGame.h"
-#include "platform/Files.h"
+#include "files/Files.h"
 #include "storage/GameDetailsFile.h"
 #include "storage/SettingsFile.h"
 
@@ -68,7 +68,7 @@ GameDetails makeGame(const std::string& folder) {
             1, "Captain " + number, "p" + number + "@example.org", "", "GAME.M" + number, true};
         lengths[player] = turnFileBytes;
     }
-    desk::makeSampleGame(folder, lengths);
+    automation::makeSampleGame(folder, lengths);
     return game;
 }
 
@@ -84,7 +84,7 @@ std::string installed(const std::string& program, const GameDetails& game) {
 
 void measure(const std::string& folder, const std::string& program, const std::string& bareWindow) {
     const GameDetails game = makeGame(folder);
-    const std::string bytes = desk::sampleBytes(turnFileBytes, 1);
+    const std::string bytes = automation::sampleBytes(turnFileBytes, 1);
     const auto forEachFile = [&game](const std::function<void(const PlayerSlot&)>& work) {
         return timed([&game, work] { std::for_each(game.rows.begin(), game.rows.end(), work); });
     };

@@ -1,6 +1,6 @@
 #include "Sending.h"
 
-#include "platform/qt/TcpSocket.h"
+#include "net/qt/TcpSocket.h"
 #include "smtp/SendDriver.h"
 
 #include <QCoreApplication>

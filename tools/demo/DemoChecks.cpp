@@ -1,9 +1,9 @@
 #include "DemoChecks.h"
 
 #include "MailStandIn.h"
-#include "desk/UuDecoder.h"
-#include "platform/Files.h"
-#include "platform/Path.h"
+#include "automation/UuDecoder.h"
+#include "files/Files.h"
+#include "text/Path.h"
 
 #include <algorithm>
 #include <iostream>
@@ -19,7 +19,7 @@ bool complain(const std::string& what) {
 }
 
 // The player a message belongs to, by the name of the first of its two files; 0 when it has others.
-int playerOf(const std::vector<desk::DecodedFile>& files) {
+int playerOf(const std::vector<automation::DecodedFile>& files) {
     const std::string prefix = "GAME.M";
     const bool complete = files.size() == 2 && files[0].name.starts_with(prefix);
     return complete ? std::stoi(files[0].name.substr(prefix.size())) : 0;
@@ -33,7 +33,7 @@ bool holdsAll(const std::string& report, const std::vector<std::string>& lines) 
 
 } // namespace
 
-bool checkMessages(const std::deque<desk::ScriptedServer::Conversation>& conversations,
+bool checkMessages(const std::deque<automation::ScriptedServer::Conversation>& conversations,
                    const TurnFiles& turnFiles, const std::string& extraFile,
                    const std::string& folder) {
     std::vector<int> served;
@@ -41,8 +41,8 @@ bool checkMessages(const std::deque<desk::ScriptedServer::Conversation>& convers
         if (!conversation.delivered) {
             continue;
         }
-        const std::string message = desk::withoutDoubledPeriods(conversation.message);
-        const auto files = desk::decodeUuBlocks(message);
+        const std::string message = automation::withoutDoubledPeriods(conversation.message);
+        const auto files = automation::decodeUuBlocks(message);
         const int player = files ? playerOf(*files) : 0;
         if (player == 0 || (*files)[0].bytes != turnFiles.at(player) ||
             (*files)[1].bytes != extraFile) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desk/ScriptedServer.h"
+#include "automation/ScriptedServer.h"
 
 #include <deque>
 #include <map>
@@ -14,7 +14,7 @@ using TurnFiles = std::map<int, std::string>;
 /// Stores each message that the server accepted as player-N.eml in the folder, and compares the
 /// files inside with the turn file and the extra file. True when exactly the players who can be
 /// served got exactly their files; what is wrong goes to standard error.
-bool checkMessages(const std::deque<desk::ScriptedServer::Conversation>& conversations,
+bool checkMessages(const std::deque<automation::ScriptedServer::Conversation>& conversations,
                    const TurnFiles& turnFiles, const std::string& extraFile,
                    const std::string& folder);
 

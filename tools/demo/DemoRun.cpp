@@ -2,9 +2,9 @@
 
 #include "DemoChecks.h"
 #include "MailStandIn.h"
-#include "desk/SampleGame.h"
-#include "desk/Waiting.h"
-#include "platform/Files.h"
+#include "automation/SampleGame.h"
+#include "automation/Waiting.h"
+#include "files/Files.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -20,8 +20,8 @@ namespace turnpost::demo {
 
 namespace {
 
-using desk::Answer;
-using desk::Point;
+using automation::Answer;
+using automation::Point;
 
 const char* const refusedAddress = "crimson@example.net";
 constexpr int heldConnection = 1; // stands still for a picture of the window while it sends
@@ -31,7 +31,7 @@ Answer answer(Point point, int connection, const std::string& line) {
     if (point == Point::Recipient && line.find(refusedAddress) != std::string::npos) {
         return {"550 5.1.1 No such mailbox here\r\n"};
     }
-    Answer good = desk::goodAnswer(point);
+    Answer good = automation::goodAnswer(point);
     if (point == Point::Data && connection == heldConnection) {
         good.then = Answer::Then::Pause;
     }
@@ -42,7 +42,7 @@ Answer answer(Point point, int connection, const std::string& line) {
 
 DemoRun::DemoRun(const std::string& demoFolder)
     : folder(QString::fromStdString(demoFolder)),
-      turnFiles(desk::makeSampleGame(
+      turnFiles(automation::makeSampleGame(
           demoFolder + "/game",
           {{1, 0}, {2, 45}, {4, 46}, {7, 100000}, {9, 300}, {12, 300}, {14, 300}, {16, 300}})),
       extraFile("New rules & dates.\r\n.\r\nGood luck!\r\n"), server(answer),
@@ -204,11 +204,11 @@ void DemoRun::sendBySmtp() {
         return server.conversations().size() > heldConnection &&
                server.conversations()[heldConnection].commands.size() == 4;
     };
-    if (desk::waitUntil(held)) {
+    if (automation::waitUntil(held)) {
         takePicture(person.window(), "sending");
         server.release(heldConnection);
     }
-    desk::waitUntil([this] { return person.watcher().done(); });
+    automation::waitUntil([this] { return person.watcher().done(); });
     takePicture(person.window(), "main-sent");
 }
 
@@ -231,7 +231,7 @@ void DemoRun::showFullGame() {
     for (int player = 1; player <= rowCount; ++player) {
         lengths[player] = 1;
     }
-    desk::makeSampleGame((folder + "/league").toStdString(), lengths);
+    automation::makeSampleGame((folder + "/league").toStdString(), lengths);
     findGame("league", "picker-16");
     person.type("GameName", "Grand League");
     for (const auto& [player, length] : lengths) {
@@ -250,18 +250,18 @@ void DemoRun::takePicture(QWidget& window, const QString& name) {
         window.grab().save(file);
         return;
     }
-    desk::waitUntil([&window] {
+    automation::waitUntil([&window] {
         return window.isActiveWindow() && window.windowHandle()->frameMargins().top() > 0;
     });
     const QDeadlineTimer repainted(repaintTime);
-    desk::waitUntil([&repainted] { return repainted.hasExpired(); });
+    automation::waitUntil([&repainted] { return repainted.hasExpired(); });
     const QRect frame = window.frameGeometry();
     window.screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height()).save(file);
 }
 
 void DemoRun::wait() {
     const QDeadlineTimer until(pauseLength);
-    desk::waitUntil([&until] { return until.hasExpired(); });
+    automation::waitUntil([&until] { return until.hasExpired(); });
 }
 
 } // namespace turnpost::demo

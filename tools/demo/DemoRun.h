@@ -1,7 +1,7 @@
 #pragma once
 
-#include "desk/Host.h"
-#include "desk/ScriptedServer.h"
+#include "automation/Host.h"
+#include "automation/ScriptedServer.h"
 
 #include <map>
 #include <string>
@@ -20,7 +20,7 @@ class DemoRun {
     /// a game of 16 players. Prints the reports. True when every message arrived as it should.
     bool play(int pause, bool fromScreen);
 
-    desk::Host& host() { return person; }
+    automation::Host& host() { return person; }
 
   private:
     void enterSettings();
@@ -40,8 +40,8 @@ class DemoRun {
     QString folder;
     std::map<int, std::string> turnFiles;
     std::string extraFile;
-    desk::ScriptedServer server;
-    desk::Host person;
+    automation::ScriptedServer server;
+    automation::Host person;
     int pauseLength = 0;
     bool framed = false;
 };

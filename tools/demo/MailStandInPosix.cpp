@@ -1,9 +1,9 @@
 #include "MailStandIn.h"
 
+#include "files/Files.h"
 #include "mapi/SendmailMessages.h"
 #include "mapi/SendmailSession.h"
-#include "platform/Files.h"
-#include "platform/Path.h"
+#include "text/Path.h"
 
 #include <QByteArray>
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "MailStandIn.h"
 
+#include "files/Files.h"
 #include "mapi/MailSystem.h"
-#include "platform/Files.h"
-#include "platform/Path.h"
+#include "text/Path.h"
 
 #include <algorithm>
 #include <windows.h>

@@ -7,13 +7,13 @@
 #include "dialogs/qt/frmOpen.h"
 #include "dialogs/qt/frmSettings.h"
 #include "dialogs/qt/frmStore.h"
-#include "platform/Folders.h"
-#include "platform/Version.h"
-#include "platform/qt/ClearFrames.h"
-#include "platform/qt/QtMessageBox.h"
-#include "platform/qt/QtText.h"
-#include "platform/qt/ScreenReading.h"
+#include "files/Folders.h"
 #include "smtp/qt/frmProgRept.h"
+#include "text/Version.h"
+#include "text/qt/QtText.h"
+#include "widgets/ClearFrames.h"
+#include "widgets/QtMessageBox.h"
+#include "widgets/ScreenReading.h"
 
 #include <QApplication>
 #include <QIcon>

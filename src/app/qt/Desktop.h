@@ -2,7 +2,7 @@
 
 #include "app/AppWindows.h"
 #include "app/Application.h"
-#include "platform/qt/TcpSocket.h"
+#include "net/qt/TcpSocket.h"
 #include "roster/qt/frmMain.h"
 
 #include <memory>

@@ -1,7 +1,7 @@
 #include "app/qt/MainClosing.h"
 
 #include "app/ClosingAnimation.h"
-#include "platform/qt/Twips.h"
+#include "widgets/Twips.h"
 
 #include <QCoreApplication>
 #include <QScreen>

@@ -1,6 +1,6 @@
 #include "dialogs/qt/NameList.h"
 
-#include "platform/qt/Controls.h"
+#include "widgets/Controls.h"
 
 #include <QAbstractListModel>
 #include <QHelpEvent>

@@ -1,8 +1,8 @@
 #include "dialogs/qt/frmAbout.h"
 
 #include "dialogs/Credits.h"
-#include "platform/qt/QtText.h"
-#include "platform/qt/Twips.h"
+#include "text/qt/QtText.h"
+#include "widgets/Twips.h"
 
 #include <QKeyEvent>
 #include <QLabel>

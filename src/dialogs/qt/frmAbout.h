@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Version.h"
-#include "platform/qt/Form.h"
+#include "text/Version.h"
+#include "widgets/Form.h"
 
 namespace turnpost {
 

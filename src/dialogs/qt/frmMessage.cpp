@@ -1,9 +1,9 @@
 #include "dialogs/qt/frmMessage.h"
 
 #include "compose/ExpandTemplate.h"
-#include "platform/qt/OneLineBox.h"
-#include "platform/qt/QtText.h"
-#include "platform/qt/Twips.h"
+#include "text/qt/QtText.h"
+#include "widgets/OneLineBox.h"
+#include "widgets/Twips.h"
 
 #include <QLabel>
 #include <QLineEdit>

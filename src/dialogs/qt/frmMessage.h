@@ -1,7 +1,7 @@
 #pragma once
 
 #include "compose/MessageTemplate.h"
-#include "platform/qt/Form.h"
+#include "widgets/Form.h"
 
 #include <functional>
 

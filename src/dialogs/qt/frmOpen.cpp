@@ -2,10 +2,10 @@
 
 #include "dialogs/Volumes.h"
 #include "dialogs/qt/NameList.h"
-#include "platform/Text.h"
-#include "platform/qt/Controls.h"
-#include "platform/qt/QtText.h"
-#include "platform/qt/Twips.h"
+#include "text/Text.h"
+#include "text/qt/QtText.h"
+#include "widgets/Controls.h"
+#include "widgets/Twips.h"
 
 #include <QDir>
 #include <QKeyEvent>

@@ -2,7 +2,7 @@
 
 #include "dialogs/FilePicker.h"
 #include "dialogs/FolderList.h"
-#include "platform/qt/Form.h"
+#include "widgets/Form.h"
 
 #include <functional>
 

@@ -1,7 +1,7 @@
 #include "dialogs/qt/frmSettings.h"
 
-#include "platform/qt/QtText.h"
-#include "platform/qt/Twips.h"
+#include "text/qt/QtText.h"
+#include "widgets/Twips.h"
 
 #include <QLabel>
 #include <QLineEdit>

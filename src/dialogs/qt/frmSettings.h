@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/qt/Form.h"
 #include "storage/Settings.h"
+#include "widgets/Form.h"
 
 #include <functional>
 

@@ -1,10 +1,10 @@
 #include "roster/qt/RosterRows.h"
 
-#include "platform/qt/Controls.h"
-#include "platform/qt/Form.h"
-#include "platform/qt/OneLineBox.h"
-#include "platform/qt/QtText.h"
-#include "platform/qt/Twips.h"
+#include "text/qt/QtText.h"
+#include "widgets/Controls.h"
+#include "widgets/Form.h"
+#include "widgets/OneLineBox.h"
+#include "widgets/Twips.h"
 
 #include <QCheckBox>
 #include <QLabel>

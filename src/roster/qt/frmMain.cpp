@@ -1,10 +1,10 @@
 #include "roster/qt/frmMain.h"
 
-#include "platform/Text.h"
-#include "platform/qt/Controls.h"
-#include "platform/qt/FilledBar.h"
-#include "platform/qt/OneLineBox.h"
-#include "platform/qt/QtText.h"
+#include "text/Text.h"
+#include "text/qt/QtText.h"
+#include "widgets/Controls.h"
+#include "widgets/FilledBar.h"
+#include "widgets/OneLineBox.h"
 
 #include <QAction>
 #include <QCloseEvent>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/qt/Form.h"
 #include "roster/MainCommands.h"
 #include "roster/qt/RosterRows.h"
+#include "widgets/Form.h"
 
 #include <array>
 #include <functional>

@@ -1,8 +1,8 @@
 #include "roster/qt/frmMain.h"
 
-#include "platform/qt/FilledBar.h"
-#include "platform/qt/QtText.h"
-#include "platform/qt/Twips.h"
+#include "text/qt/QtText.h"
+#include "widgets/FilledBar.h"
+#include "widgets/Twips.h"
 
 #include <QAction>
 #include <QLabel>

@@ -1,7 +1,7 @@
 #include "smtp/qt/frmProgRept.h"
 
-#include "platform/qt/QtText.h"
-#include "platform/qt/Twips.h"
+#include "text/qt/QtText.h"
+#include "widgets/Twips.h"
 
 #include <QPlainTextEdit>
 

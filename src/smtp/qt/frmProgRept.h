@@ -1,7 +1,7 @@
 #pragma once
 
 #include "compose/SendReport.h"
-#include "platform/qt/Form.h"
+#include "widgets/Form.h"
 
 namespace turnpost {
 

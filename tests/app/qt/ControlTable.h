@@ -1,6 +1,6 @@
 #pragma once
 
-namespace turnpost::desk {
+namespace turnpost::automation {
 
 // A window: client width and height in twips, title, and what Tab visits, from the focus on. Menus.
 // Controls, from the lowest to the topmost: kind, name, left, top, width and height in twips, text
@@ -96,4 +96,4 @@ QLabel,13px lblDescription 150 1125 6285 1950 ""
 QPushButton cmdOK 5160 3180 1260 345 "OK"
 )table";
 
-} // namespace turnpost::desk
+} // namespace turnpost::automation

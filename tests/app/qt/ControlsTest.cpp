@@ -1,5 +1,5 @@
 #include "app/qt/ControlTable.h"
-#include "desk/SampleGame.h"
+#include "automation/SampleGame.h"
 #include "support/WindowTest.h"
 
 #include <QAbstractButton>
@@ -8,7 +8,7 @@
 #include <QMenuBar>
 #include <QScreen>
 
-namespace turnpost::desk {
+namespace turnpost::automation {
 
 namespace {
 
@@ -189,4 +189,4 @@ TEST_F(Controls, OfEveryWindowAreThoseOfTheTable) {
     expectCaptionsFit(window());
 }
 
-} // namespace turnpost::desk
+} // namespace turnpost::automation

@@ -1,6 +1,6 @@
-#include "desk/SampleGame.h"
-#include "desk/ScriptedServer.h"
-#include "desk/Waiting.h"
+#include "automation/SampleGame.h"
+#include "automation/ScriptedServer.h"
+#include "automation/Waiting.h"
 #include "fakes/FakeMail.h"
 #include "support/WindowTest.h"
 
@@ -10,7 +10,7 @@
 #include <QScreen>
 #include <QTest>
 
-namespace turnpost::desk {
+namespace turnpost::automation {
 
 class DesktopProgram : public WindowTest {
   protected:
@@ -83,4 +83,4 @@ TEST_F(DesktopProgram, HasItsFoldersWhereTheProgramAndThePersonsConfigurationAre
     EXPECT_EQ(name.toLower().replace(' ', '-'), "nimbus-turnpost");
 }
 
-} // namespace turnpost::desk
+} // namespace turnpost::automation

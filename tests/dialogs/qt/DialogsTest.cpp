@@ -1,5 +1,5 @@
+#include "automation/SampleGame.h"
 #include "compose/ExpandTemplate.h"
-#include "desk/SampleGame.h"
 #include "support/WindowTest.h"
 
 #include <QAction>
@@ -10,7 +10,7 @@
 #include <QTest>
 #include <QTextDocumentFragment>
 
-namespace turnpost::desk {
+namespace turnpost::automation {
 
 namespace {
 
@@ -226,4 +226,4 @@ TEST_F(Dialogs, AboutHasCreditsOfFourLinesAndClosesByEnterAndEscape) {
     }
 }
 
-} // namespace turnpost::desk
+} // namespace turnpost::automation

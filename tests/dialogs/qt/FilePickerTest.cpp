@@ -1,4 +1,4 @@
-#include "desk/SampleGame.h"
+#include "automation/SampleGame.h"
 #include "support/WindowTest.h"
 
 #include <QCheckBox>
@@ -10,7 +10,7 @@
 #include <QTest>
 #include <QToolTip>
 
-namespace turnpost::desk {
+namespace turnpost::automation {
 
 namespace {
 
@@ -175,4 +175,4 @@ TEST_F(Picker, OpenOffersToMakeTheFileTheDefaultGameEachTimeUnticked) {
     }
 }
 
-} // namespace turnpost::desk
+} // namespace turnpost::automation

@@ -3,7 +3,7 @@
 // the codes in TURNPOST_LOGON_CODE and TURNPOST_SEND_CODE.
 
 #include "mapi/SimpleMapi.h"
-#include "platform/CodePage.h"
+#include "text/CodePage.h"
 
 #include <filesystem>
 #include <fstream>

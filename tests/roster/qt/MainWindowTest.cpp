@@ -8,7 +8,7 @@
 #include <QRadioButton>
 #include <QTest>
 
-namespace turnpost::desk {
+namespace turnpost::automation {
 
 class MainWindow : public WindowTest {
   protected:
@@ -114,4 +114,4 @@ TEST_F(MainWindow, EveryMousePressOnASelectionCountsInShownRowsAndTheKeyboardDoe
     EXPECT_EQ(ticks(), (std::vector<int>{1, 1, 1, 2}));
 }
 
-} // namespace turnpost::desk
+} // namespace turnpost::automation

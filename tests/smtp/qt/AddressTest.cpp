@@ -1,12 +1,12 @@
-#include "desk/ScriptedServer.h"
-#include "desk/Waiting.h"
-#include "platform/CodePage.h"
-#include "platform/InvisibleCharacters.h"
+#include "automation/ScriptedServer.h"
+#include "automation/Waiting.h"
 #include "support/WindowTest.h"
+#include "text/CodePage.h"
+#include "text/InvisibleCharacters.h"
 
 #include <algorithm>
 
-namespace turnpost::desk {
+namespace turnpost::automation {
 
 // All 16 players, who get no files, and a server that takes everything. `meanwhile` is what the
 // host does when the server has received this line of this connection.
@@ -115,4 +115,4 @@ TEST_F(Addresses, WhatTheHostTypesDuringASendIsCheckedBeforeItGoesOutAndTheNextR
     EXPECT_EQ(server.conversations().size(), rowCount);
 }
 
-} // namespace turnpost::desk
+} // namespace turnpost::automation

@@ -1,9 +1,9 @@
-#include "desk/SampleGame.h"
-#include "desk/ScriptedServer.h"
-#include "desk/Waiting.h"
+#include "automation/SampleGame.h"
+#include "automation/ScriptedServer.h"
+#include "automation/Waiting.h"
 #include "support/WindowTest.h"
 
-namespace turnpost::desk {
+namespace turnpost::automation {
 
 // Four players; the server refuses the first in words that look like markup and hangs up on the
 // second.
@@ -81,4 +81,4 @@ TEST_F(Breaks, EachRowSaysWhatItGotUntilTheNextSendOrGame) {
     }
 }
 
-} // namespace turnpost::desk
+} // namespace turnpost::automation

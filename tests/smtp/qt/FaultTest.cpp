@@ -1,8 +1,8 @@
+#include "automation/SampleGame.h"
+#include "automation/ScriptedServer.h"
+#include "automation/Waiting.h"
 #include "compose/MUUEncode.h"
-#include "desk/SampleGame.h"
-#include "desk/ScriptedServer.h"
-#include "desk/Waiting.h"
-#include "platform/SystemSocket.h"
+#include "net/SystemSocket.h"
 #include "support/Resources.h"
 #include "support/WindowTest.h"
 
@@ -10,7 +10,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-namespace turnpost::desk {
+namespace turnpost::automation {
 
 namespace {
 
@@ -206,4 +206,4 @@ TEST_F(Faults, EveryRowGetsItsLineTheNextSendWorksAndNothingIsLeftBehind) {
     EXPECT_TRUE(waitUntil([&] { return openDescriptors() <= descriptors; }));
 }
 
-} // namespace turnpost::desk
+} // namespace turnpost::automation

@@ -1,14 +1,14 @@
-#include "desk/SampleGame.h"
-#include "desk/UuDecoder.h"
-#include "desk/Waiting.h"
-#include "platform/Text.h"
+#include "automation/SampleGame.h"
+#include "automation/UuDecoder.h"
+#include "automation/Waiting.h"
 #include "support/MailServer.h"
 #include "support/Resources.h"
 #include "support/WindowTest.h"
+#include "text/Text.h"
 
 #include <gtest/gtest.h>
 
-namespace turnpost::desk {
+namespace turnpost::automation {
 
 namespace {
 
@@ -186,4 +186,4 @@ TEST_F(FullGame, EveryPlayerGetsTheirOwnFilesUnchangedAndNothingIsLeftBehind) {
               << sends * served * filesOfPlayer << " files as due; report: " << line << '\n';
 }
 
-} // namespace turnpost::desk
+} // namespace turnpost::automation

@@ -1,11 +1,11 @@
-#include "desk/Host.h"
+#include "automation/Host.h"
 #include "smtp/qt/frmProgRept.h"
 
 #include <QPlainTextEdit>
 #include <QTest>
 #include <gtest/gtest.h>
 
-namespace turnpost::desk {
+namespace turnpost::automation {
 
 TEST(SendingReport, AMegabyteWithoutABlankHidesNoLineBehindItAndDoesNotHoldTheWindowUp) {
     SendReport report = {"SMTP Error: 5" + std::string(1 << 20, '\0')};
@@ -25,4 +25,4 @@ TEST(SendingReport, AMegabyteWithoutABlankHidesNoLineBehindItAndDoesNotHoldTheWi
     EXPECT_TRUE(watcher.texts()[0].ends_with("\nPlayer 15: \nPlayer 16: Email sent OK\n"));
 }
 
-} // namespace turnpost::desk
+} // namespace turnpost::automation

@@ -1,0 +1,139 @@
+#include "files/FileError.h"
+#include "files/Files.h"
+#include "files/TemporaryName.h"
+#include "text/Path.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace turnpost {
+
+namespace {
+
+[[noreturn]] void fail(const std::string& path, int code) {
+    throw FileError(path, std::error_code(code, std::generic_category()));
+}
+
+// Where the bytes really have to go: the file behind a link, or a new one in the folder as it
+// stands on disk; both found without regard to case.
+std::string targetOf(const std::string& path) {
+    const std::string folder = folderOfPath(path);
+    std::string target =
+        findPath(path).value_or(joinPath(findPath(folder).value_or(folder), nameOfPath(path)));
+    for (int depth = 0; depth < 40; ++depth) {
+        std::error_code error;
+        const auto link = std::filesystem::read_symlink(toNativePath(target), error);
+        if (error) {
+            return target;
+        }
+        const std::string next = fromNativePath(link);
+        target = link.is_absolute() ? next : joinPath(folderOfPath(target), next);
+    }
+    fail(path, ELOOP);
+}
+
+// The neighbour while it is being written; removed again unless it got its final name.
+class Neighbour {
+  public:
+    explicit Neighbour(const std::string& target)
+        : targetPath(target), path(unpredictableNeighbour(target)),
+          descriptor(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666)) {
+        check(descriptor >= 0);
+    }
+    Neighbour(const Neighbour&) = delete;
+    Neighbour& operator=(const Neighbour&) = delete;
+    ~Neighbour() {
+        if (descriptor >= 0) {
+            close(descriptor);
+        }
+        if (!inPlace) {
+            unlink(path.c_str());
+        }
+    }
+
+    // Only a privileged user may give a file away, its group only to a member, and some file
+    // systems have one owner and mode for all their files. So a refusal counts only where others
+    // could read what they could not read before.
+    void takeOwnerAndMode(const struct stat& old) const {
+        struct stat made {};
+        check(fstat(descriptor, &made) == 0);
+        if ((made.st_uid != old.st_uid || made.st_gid != old.st_gid) &&
+            fchown(descriptor, old.st_uid, old.st_gid) != 0) {
+            [[maybe_unused]] const int given = fchown(descriptor, made.st_uid, old.st_gid);
+        }
+        check(fstat(descriptor, &made) == 0);
+        mode_t wanted = old.st_mode & 07777U;
+        if (made.st_gid != old.st_gid && (wanted & S_IROTH) == 0) {
+            wanted &= ~static_cast<mode_t>(S_IRWXG);
+        }
+        if ((made.st_mode & 07777U) != wanted && fchmod(descriptor, wanted) != 0) {
+            check((made.st_mode & ~wanted & (S_IRGRP | S_IROTH)) == 0);
+        }
+    }
+
+    void write(const std::string& bytes) const {
+        size_t done = 0;
+        while (done < bytes.size()) {
+            const ssize_t count = ::write(descriptor, bytes.data() + done, bytes.size() - done);
+            check(count >= 0 || errno == EINTR);
+            done += count > 0 ? static_cast<size_t>(count) : 0;
+        }
+        check(fsync(descriptor) == 0);
+    }
+
+    void moveIntoPlace() {
+        const int closed = close(descriptor);
+        descriptor = -1;
+        check(closed == 0);
+        check(rename(path.c_str(), targetPath.c_str()) == 0);
+        inPlace = true;
+    }
+
+  private:
+    void check(bool good) const {
+        if (!good) {
+            fail(targetPath, errno);
+        }
+    }
+
+    std::string targetPath;
+    std::string path;
+    int descriptor;
+    bool inPlace = false;
+};
+
+// Makes the new name durable. The file itself is whole either way, so a refusal is no failure.
+void flushFolder(const std::string& folder) {
+    const int descriptor =
+        open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor >= 0) {
+        fsync(descriptor);
+        close(descriptor);
+    }
+}
+
+} // namespace
+
+// A file that others hold can be renamed over.
+void replaceFile(const std::string& path, const std::string& bytes, const Patience&) {
+    requireNoOtherKind(path);
+    const std::string target = targetOf(path);
+    requireNoOtherKind(target);
+    struct stat old {};
+    const bool exists = stat(target.c_str(), &old) == 0;
+    // Renaming would replace even a write-protected file, which its owner has locked on purpose.
+    if (exists && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
+        fail(target, errno);
+    }
+    Neighbour neighbour(target);
+    if (exists) {
+        neighbour.takeOwnerAndMode(old);
+    }
+    neighbour.write(bytes);
+    neighbour.moveIntoPlace();
+    flushFolder(folderOfPath(target));
+}
+
+} // namespace turnpost

@@ -1,0 +1,109 @@
+#include "net/SystemSocket.h"
+
+#include "net/SocketCalls.h"
+
+namespace turnpost {
+
+namespace {
+
+constexpr std::size_t piece = 1 << 16;
+
+// What a system says to sending once the connection has been reset, and has been said to be.
+int known(int error) {
+    return error == brokenPipeError ? resetError : error;
+}
+
+SocketHandle native(std::intptr_t handle) {
+    return static_cast<SocketHandle>(handle);
+}
+
+} // namespace
+
+SystemSocket::SystemSocket(std::intptr_t opened) : handle(opened) {
+    if (isOpen()) {
+        makeNonBlocking(native(handle));
+        const int atOnce = 1;
+        setsockopt(native(handle), IPPROTO_TCP, TCP_NODELAY, reinterpret_cast<const char*>(&atOnce),
+                   sizeof atOnce);
+    }
+}
+
+int SystemSocket::connect(const std::string& address, std::uint16_t port) {
+    addrinfo hints{};
+    hints.ai_flags = AI_NUMERICHOST | AI_NUMERICSERV;
+    hints.ai_socktype = SOCK_STREAM;
+    addrinfo* target = nullptr;
+    if (getaddrinfo(address.c_str(), std::to_string(port).c_str(), &hints, &target) != 0) {
+        return addressError;
+    }
+    const auto opened = socket(target->ai_family, SOCK_STREAM, 0);
+    int error = lastSocketError();
+    *this = SystemSocket(static_cast<std::intptr_t>(opened));
+    if (isOpen()) {
+        const auto size = static_cast<socklen_t>(target->ai_addrlen);
+        error = ::connect(opened, target->ai_addr, size) == 0 ? 0 : lastSocketError();
+    }
+    freeaddrinfo(target);
+    return isUnderWay(error) ? 0 : error;
+}
+
+int SystemSocket::pendingError() {
+    int error = 0;
+    socklen_t size = sizeof error;
+    getsockopt(native(handle), SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &size);
+    return known(error);
+}
+
+SystemSocket::Transfer SystemSocket::send(std::string_view bytes) {
+    Transfer transfer{Transfer::Moved};
+    while (transfer.count < bytes.size()) {
+        const std::string_view next = bytes.substr(transfer.count, piece);
+        const auto taken =
+            ::send(native(handle), next.data(), static_cast<SocketLength>(next.size()), noSignal);
+        if (taken < 0) {
+            const int error = lastSocketError();
+            return isUnderWay(error) ? Transfer{Transfer::Later, transfer.count}
+                                     : Transfer{Transfer::Failed, transfer.count, known(error)};
+        }
+        transfer.count += static_cast<std::size_t>(taken);
+    }
+    return transfer;
+}
+
+SystemSocket::Transfer SystemSocket::receive(std::string& bytes) {
+    char arrived[piece];
+    const auto count = recv(native(handle), arrived, piece, 0);
+    if (count > 0) {
+        bytes.append(arrived, static_cast<std::size_t>(count));
+        return {Transfer::Moved, static_cast<std::size_t>(count)};
+    }
+    // A reset, too, is an end of stream when it came after the other side's end, or the system has
+    // told of it before. But then the connection takes nothing any more, not even no bytes.
+    if (count == 0 && (endedSending || ::send(native(handle), nullptr, 0, noSignal) == 0)) {
+        return {Transfer::Ended};
+    }
+    const int error = lastSocketError();
+    return isUnderWay(error) ? Transfer{Transfer::Later}
+                             : Transfer{Transfer::Failed, 0, known(error)};
+}
+
+void SystemSocket::endSending() {
+    constexpr int sendingSide = 1; // The systems have different names for it.
+    shutdown(native(handle), sendingSide);
+    endedSending = true;
+}
+
+bool SystemSocket::wait(bool forRoom, int longest) {
+    pollfd polled{};
+    polled.fd = native(handle);
+    polled.events = static_cast<short>(forRoom ? POLLIN | POLLOUT : POLLIN);
+    return pollSocket(polled, longest) > 0;
+}
+
+void SystemSocket::close() {
+    if (isOpen()) {
+        closeSocket(native(std::exchange(handle, -1)));
+    }
+}
+
+} // namespace turnpost

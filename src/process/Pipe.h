@@ -1,0 +1,29 @@
+#pragma once
+
+#include "files/Descriptor.h"
+
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <system_error>
+
+namespace turnpost {
+
+/// A pipe whose two ends are closed in this process with their owner, and in every program that
+/// this process starts.
+struct Pipe {
+    /// Throws std::system_error when the system has none to give.
+    Pipe() {
+        std::array<int, 2> ends{};
+        if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+            throw std::system_error(errno, std::generic_category());
+        }
+        reading = Descriptor(ends[0]);
+        writing = Descriptor(ends[1]);
+    }
+
+    Descriptor reading;
+    Descriptor writing;
+};
+
+} // namespace turnpost

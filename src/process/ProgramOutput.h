@@ -1,0 +1,60 @@
+#pragma once
+
+#include "process/Pipe.h"
+
+#include <algorithm>
+#include <string>
+#include <sys/ioctl.h>
+
+namespace turnpost {
+
+/// Our end of the pipe that a program writes its standard output or standard error to.
+///
+/// A pipe and not a file: a program that is left behind may write for as long as it lives, and a
+/// pipe takes 64 KiB of that and no more. The program's end is open for reading as well: the pipe
+/// then has a reader for as long as somebody can write to it, so no process gets SIGPIPE when our
+/// end is closed.
+class ProgramOutput {
+  public:
+    /// Throws std::system_error when the system has no pipe to give.
+    ProgramOutput() {
+        fcntl(pipe.reading.get(), F_SETFL, O_NONBLOCK);
+        const std::string name = "/proc/self/fd/" + std::to_string(pipe.writing.get());
+        if (Descriptor both(open(name.c_str(), O_RDWR | O_CLOEXEC)); both.get() >= 0) {
+            pipe.writing = std::move(both);
+        }
+    }
+
+    /// The end for the program to be started.
+    int writingEnd() const { return pipe.writing.get(); }
+    /// Descriptor to poll for input.
+    int readingEnd() const { return pipe.reading.get(); }
+
+    /// Takes what the pipe holds at this moment, and keeps the last 64 KiB of all it has taken.
+    /// Never waits.
+    void read() {
+        constexpr size_t maxText = 65536;
+        // Not until the pipe is empty: a program may write faster than it can be read.
+        int available = 0;
+        ioctl(pipe.reading.get(), FIONREAD, &available);
+        std::string bytes(static_cast<size_t>(available), '\0');
+        const ssize_t count = ::read(pipe.reading.get(), bytes.data(), bytes.size());
+        text.append(bytes, 0, static_cast<size_t>(std::max<ssize_t>(count, 0)));
+        text.erase(0, text.size() - std::min(text.size(), maxText));
+    }
+
+    /// Reads once more and gives what was kept. From then on a program that still writes never
+    /// blocks: what does not fit into the pipe is refused with EAGAIN.
+    std::string finish() {
+        read();
+        // O_NONBLOCK applies to every process that shares this end.
+        fcntl(pipe.writing.get(), F_SETFL, O_NONBLOCK);
+        return std::move(text);
+    }
+
+  private:
+    Pipe pipe;
+    std::string text;
+};
+
+} // namespace turnpost

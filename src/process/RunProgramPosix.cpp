@@ -1,0 +1,164 @@
+#include "process/ProgramOutput.h"
+#include "process/RunProgram.h"
+
+#include <csignal>
+#include <poll.h>
+#include <spawn.h>
+#include <string_view>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+
+namespace turnpost {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+constexpr milliseconds killTimeout{5000};
+// Poll interval where pidfd_open is missing.
+constexpr milliseconds pollInterval{20};
+
+// The descriptors become the program's standard input, output and error. Throws std::system_error
+// when the program cannot be started.
+pid_t start(const std::string& program, const std::vector<std::string>& arguments,
+            const std::array<int, 3>& descriptors) {
+    std::vector<char*> words{const_cast<char*>(program.c_str())};
+    for (const std::string& argument : arguments) {
+        words.push_back(const_cast<char*>(argument.c_str()));
+    }
+    words.push_back(nullptr);
+
+    posix_spawn_file_actions_t files;
+    posix_spawnattr_t attributes;
+    posix_spawn_file_actions_init(&files);
+    posix_spawnattr_init(&attributes);
+    int error = 0;
+    // If this process itself has stdin, stdout or stderr closed, the input pipe (made first) may
+    // have got one of their numbers; so it is moved first.
+    for (int number = STDIN_FILENO; number <= STDERR_FILENO && error == 0; ++number) {
+        error = posix_spawn_file_actions_adddup2(&files, descriptors.at(number), number);
+    }
+    // A session of its own has no terminal, and is a group of its own that can be killed as one.
+    posix_spawnattr_setflags(&attributes,
+                             POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
+    sigset_t set;
+    sigemptyset(&set);
+    posix_spawnattr_setsigmask(&attributes, &set);
+    sigaddset(&set, SIGPIPE);
+    posix_spawnattr_setsigdefault(&attributes, &set);
+    pid_t child = 0;
+    if (error == 0) {
+        error = posix_spawn(&child, program.c_str(), &files, &attributes, words.data(), environ);
+    }
+    posix_spawnattr_destroy(&attributes);
+    posix_spawn_file_actions_destroy(&files);
+    if (error != 0) {
+        throw std::system_error(error, std::generic_category());
+    }
+    return child;
+}
+
+// A running program with our ends of the pipes to and from it.
+class Process {
+  public:
+    // `inputBytes` must outlive this object. Throws std::system_error when the program cannot be
+    // started.
+    Process(const std::string& program, const std::vector<std::string>& arguments,
+            const std::string& inputBytes)
+        : unwritten(inputBytes),
+          child(start(program, arguments,
+                      {input.reading.get(), output.writingEnd(), errors.writingEnd()})) {
+        endNotice = Descriptor(static_cast<int>(syscall(SYS_pidfd_open, child, 0)));
+        fcntl(input.writing.get(), F_SETFL, O_NONBLOCK);
+    }
+
+    // Exchanges input and output with it until it ends by itself or is killed.
+    ProgramEnd wait(milliseconds timeout) {
+        auto deadline = Clock::now() + timeout;
+        bool killed = false;
+        while (!hasEnded()) {
+            if (Clock::now() < deadline) {
+                exchange();
+            } else if (!killed) {
+                kill(-child, SIGKILL);
+                killed = true;
+                deadline = Clock::now() + killTimeout;
+            } else {
+                break;
+            }
+        }
+        end.outputText = output.finish();
+        end.errorText = errors.finish();
+        if (killed && end.kind != ProgramEnd::Kind::Exited) {
+            end.kind = ProgramEnd::Kind::TimedOut;
+        }
+        return end;
+    }
+
+  private:
+    bool hasEnded() {
+        int status = 0;
+        const pid_t ended = waitpid(child, &status, WNOHANG);
+        if (ended < 0) {
+            end.number = errno;
+        } else if (ended > 0) {
+            const bool exited = WIFEXITED(status);
+            end.kind = exited ? ProgramEnd::Kind::Exited : ProgramEnd::Kind::Signalled;
+            end.number = exited ? WEXITSTATUS(status) : WTERMSIG(status);
+        }
+        return ended != 0;
+    }
+
+    void exchange() {
+        std::array<pollfd, 4> places{
+            pollfd{input.writing.get(), POLLOUT, 0}, pollfd{output.readingEnd(), POLLIN, 0},
+            pollfd{errors.readingEnd(), POLLIN, 0}, pollfd{endNotice.get(), POLLIN, 0}};
+        poll(places.data(), places.size(), pollInterval.count());
+        if (places[0].revents != 0) {
+            writeInput();
+        }
+        output.read();
+        errors.read();
+    }
+
+    void writeInput() {
+        const ssize_t count = write(input.writing.get(), unwritten.data(), unwritten.size());
+        unwritten.remove_prefix(static_cast<size_t>(std::max<ssize_t>(count, 0)));
+        if (unwritten.empty()) {
+            input.writing.close();
+        }
+    }
+
+    // We keep its reading end open too: when the program closes its input, writing then fails with
+    // EAGAIN once the pipe is full, and nobody gets SIGPIPE.
+    Pipe input;
+    ProgramOutput output;
+    ProgramOutput errors;
+    std::string_view unwritten;
+    pid_t child;
+    Descriptor endNotice;
+    ProgramEnd end;
+};
+
+} // namespace
+
+ProgramEnd runProgram(const std::string& program, const std::vector<std::string>& arguments,
+                      const std::string& input, milliseconds timeout) {
+    // Where this process was started with SIGCHLD ignored, the system keeps no child's exit status.
+    struct sigaction before {};
+    sigaction(SIGCHLD, nullptr, &before);
+    if (before.sa_handler == SIG_IGN || (before.sa_flags & SA_NOCLDWAIT) != 0) {
+        std::signal(SIGCHLD, SIG_DFL);
+    }
+    ProgramEnd end;
+    try {
+        end = Process(program, arguments, input).wait(timeout);
+    } catch (const std::system_error& error) {
+        end.number = error.code().value();
+    }
+    sigaction(SIGCHLD, &before, nullptr);
+    return end;
+}
+
+} // namespace turnpost

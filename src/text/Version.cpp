@@ -1,0 +1,10 @@
+#include "text/Version.h"
+
+namespace turnpost {
+
+std::string versionText(const Version& version) {
+    return std::to_string(version.major) + "." + std::to_string(version.minor) + "." +
+           std::to_string(version.revision);
+}
+
+} // namespace turnpost

@@ -1,0 +1,93 @@
+#include "widgets/Controls.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QStringList>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+#include <QToolTip>
+
+namespace turnpost {
+
+void CaptionButton::keyPressEvent(QKeyEvent* event) {
+    // Whether Enter presses a button would differ from desktop to desktop.
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        event->ignore();
+        return;
+    }
+    QPushButton::keyPressEvent(event);
+}
+
+void CaptionButton::paintEvent(QPaintEvent*) {
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const QString caption = option.text;
+    option.text.clear();
+    QStylePainter painter(this);
+    painter.drawControl(QStyle::CE_PushButton, option);
+    painter.drawItemText(rect().adjusted(1, 1, -1, -1),
+                         Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic, palette(),
+                         isEnabled(), caption, QPalette::ButtonText);
+}
+
+void CaptionCheckBox::paintEvent(QPaintEvent*) {
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const QString caption = option.text;
+    const int boxWidth = style()->pixelMetric(QStyle::PM_IndicatorWidth, &option, this);
+    const int boxHeight = style()->pixelMetric(QStyle::PM_IndicatorHeight, &option, this);
+    option.rect = QRect(0, (height() - boxHeight) / 2, boxWidth, boxHeight);
+    QStylePainter painter(this);
+    painter.drawPrimitive(QStyle::PE_IndicatorCheckBox, option);
+    const QRect textRect = rect().adjusted(boxWidth + 4, 0, 0, 0);
+    painter.drawItemText(textRect, Qt::AlignVCenter | Qt::TextWordWrap | Qt::TextShowMnemonic,
+                         palette(), isEnabled(), caption, QPalette::WindowText);
+    if (hasFocus()) {
+        QStyleOptionFocusRect focus;
+        focus.QStyleOption::operator=(option);
+        focus.rect = textRect;
+        painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+    }
+}
+
+bool CuttingComboBox::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) {
+        return QComboBox::event(event);
+    }
+    const QPoint place = static_cast<QHelpEvent*>(event)->globalPos();
+    QToolTip::showText(place, cutText() == currentText() ? QString() : plainTip(currentText()),
+                       this);
+    return true;
+}
+
+QString CuttingComboBox::cutText() const {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    return fontMetrics().elidedText(currentText(), Qt::ElideMiddle, field.width() - 4);
+}
+
+void CuttingComboBox::paintEvent(QPaintEvent*) {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    option.currentText = cutText();
+    QStylePainter painter(this);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+QString plainTip(const QString& text) {
+    constexpr qsizetype lineLength = 60;
+    QStringList lines;
+    for (const QString& line : text.split('\n')) {
+        qsizetype at = 0;
+        do {
+            lines += line.mid(at, lineLength).toHtmlEscaped();
+            at += lineLength;
+        } while (at < line.size());
+    }
+    return "<p style='white-space:pre'>" + lines.join("<br>") + "</p>";
+}
+
+} // namespace turnpost

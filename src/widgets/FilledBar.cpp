@@ -1,0 +1,20 @@
+#include "widgets/FilledBar.h"
+
+#include <QAccessible>
+#include <cmath>
+
+namespace turnpost {
+
+FilledBar::FilledBar(QWidget* parent, int track) : QFrame(parent), trackLength(track) {
+    setBackgroundRole(QPalette::Highlight);
+    setAutoFillBackground(true);
+}
+
+void FilledBar::setFraction(double fraction) {
+    resize(static_cast<int>(std::lround(fraction * trackLength)), height());
+    filledPercent = static_cast<int>(std::lround(fraction * 100));
+    QAccessibleValueChangeEvent changed(this, filledPercent);
+    QAccessible::updateAccessibility(&changed);
+}
+
+} // namespace turnpost

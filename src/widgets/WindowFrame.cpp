@@ -1,0 +1,99 @@
+#include "widgets/WindowFrame.h"
+
+#include <QDialog>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+#if QT_CONFIG(xcb)
+#include <cstdlib>
+#include <memory>
+#include <string_view>
+#include <xcb/xcb.h>
+#endif
+
+namespace turnpost {
+
+namespace {
+
+#if QT_CONFIG(xcb)
+void leaveTaskBar(const QWidget* window) {
+    // The platform without a screen knows X11 too, but its windows are none of X11's.
+    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    xcb_connection_t* server = x11 == nullptr ? nullptr : x11->connection();
+    if (server == nullptr || QGuiApplication::platformName() != "xcb") {
+        return;
+    }
+    const auto atomOf = [server](std::string_view name) -> xcb_atom_t {
+        const auto asked =
+            xcb_intern_atom(server, 0, static_cast<uint16_t>(name.size()), name.data());
+        const std::unique_ptr<xcb_intern_atom_reply_t, void (*)(void*)> reply(
+            xcb_intern_atom_reply(server, asked, nullptr), std::free);
+        return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    };
+    const xcb_atom_t skip = atomOf("_NET_WM_STATE_SKIP_TASKBAR");
+    xcb_change_property(server, XCB_PROP_MODE_APPEND, static_cast<xcb_window_t>(window->winId()),
+                        atomOf("_NET_WM_STATE"), XCB_ATOM_ATOM, 32, 1, &skip);
+}
+#else
+// A dialog with an owner stands in no task bar there.
+void leaveTaskBar(const QWidget*) {}
+#endif
+
+class Placing final : public QObject {
+  public:
+    Placing(QWidget* placed, bool isDialog) : QObject(placed), window(placed), dialog(isDialog) {
+        window->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == window) {
+            if (event->type() == QEvent::WinIdChange && dialog && window->windowHandle()) {
+                leaveTaskBar(window);
+            } else if (event->type() == QEvent::Show && !shown) {
+                shown = true;
+                centre();
+            } else if (shown && !framed && tellsOfFrame(event->type()) &&
+                       margins != window->windowHandle()->frameMargins()) {
+                framed = true;
+                QMetaObject::invokeMethod(
+                    this, [this] { centre(); }, Qt::QueuedConnection);
+            }
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    // Some systems put the frame around the window, and tell its size, only after showing it.
+    static bool tellsOfFrame(QEvent::Type type) {
+        return type == QEvent::Paint || type == QEvent::Move || type == QEvent::WindowActivate;
+    }
+
+    void centre() {
+        margins = window->windowHandle()->frameMargins();
+        QRect frame = window->geometry().marginsAdded(margins);
+        frame.moveCenter(window->screen()->availableGeometry().center());
+        window->move(frame.topLeft());
+    }
+
+    QWidget* window;
+    bool dialog;
+    bool shown = false;
+    bool framed = false;
+    QMargins margins;
+};
+
+} // namespace
+
+void centreOnScreen(QWidget* window) {
+    new Placing(window, false);
+}
+
+void frameAsDialog(QDialog* window) {
+    window->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                           Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
+                           Qt::MSWindowsFixedSizeDialogHint);
+    new Placing(window, true);
+}
+
+} // namespace turnpost

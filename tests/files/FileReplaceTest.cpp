@@ -1,0 +1,153 @@
+#include "fakes/TempFolder.h"
+#include "files/FileError.h"
+#include "text/CodePage.h"
+#include "text/Path.h"
+
+#include <gtest/gtest.h>
+
+#ifdef _WIN32
+#include "files/FileHandle.h"
+#else
+#include "support/Unprivileged.h"
+#include <sys/stat.h>
+#endif
+
+namespace turnpost {
+
+namespace fs = std::filesystem;
+
+class FileReplace : public testing::Test {
+  protected:
+    using Names = std::set<std::string>;
+
+    // Why the file could not be replaced; empty when it was.
+    std::string failure(const std::string& name, const std::string& bytes = "new") const {
+        try {
+            replaceFile(temp.path(name), bytes, patience);
+        } catch (const FileError& error) {
+            EXPECT_EQ(error.path(), temp.path(name));
+            EXPECT_TRUE(isUtf8(error.reason())) << error.reason();
+            return error.reason();
+        }
+        return "";
+    }
+
+    // Wine makes and removes no links, but follows those of the system below it.
+    void runInShell(const std::string& command) const {
+#ifdef _WIN32
+        std::wstring line = toUtf16("sh -c \"" + command + " && touch done\"");
+        STARTUPINFOW start{};
+        PROCESS_INFORMATION started{};
+        CreateProcessW(L"Z:\\bin\\sh", line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                       toNativePath(temp.path()).c_str(), &start, &started);
+        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+        while (!fs::remove(toNativePath(temp.path("done")))) {
+            ASSERT_LT(std::chrono::steady_clock::now(), end);
+        }
+#else
+        ASSERT_EQ(std::system(("cd " + temp.path() + " && " + command).c_str()), 0);
+#endif
+    }
+
+    Patience patience{std::chrono::milliseconds(0), nullptr};
+    TempFolder temp;
+};
+
+TEST_F(FileReplace, ReplacesEveryByteAndNoFolderOrFileOfAnotherName) {
+    temp.makeFolder("F");
+    temp.write("F/kept", "old");
+    temp.write("x", "old");
+    EXPECT_EQ(failure("F"), "It is a folder, not a file");
+    EXPECT_EQ(failure({"x\0.NTP", 6}), "A file name cannot hold a NUL character");
+    EXPECT_NE(failure("missing/A"), "");
+    EXPECT_EQ(temp.read("F/kept") + temp.read("x"), "oldold");
+    for (const size_t length : {300000U, 5U}) {
+        const std::string bytes = "\"a\"\r\n\xFF\x1A" + std::string(length, '\0');
+        EXPECT_EQ(failure("A", bytes), "");
+        EXPECT_EQ(temp.read("A"), bytes);
+    }
+    EXPECT_EQ(temp.names(), Names({"A", "F", "x"}));
+}
+
+TEST_F(FileReplace, AWriteProtectedFileOrFolderIsNotReplacedBehindItsOwnersBack) {
+    const fs::path file = toNativePath(temp.path("A"));
+    temp.write("A", "old");
+    fs::permissions(file, fs::perms::owner_read);
+#ifdef _WIN32
+    EXPECT_NE(failure("A"), "");
+    fs::permissions(file, fs::perms::all);
+#else
+    fs::permissions(temp.path(), fs::perms::all);
+    const auto refusal = [this] {
+        const Unprivileged person;
+        return failure("A");
+    };
+    EXPECT_EQ(refusal(), "Permission denied");
+    fs::permissions(file, fs::perms::all);
+    fs::permissions(temp.path(), fs::perms(0555));
+    EXPECT_EQ(refusal(), "Permission denied");
+#endif
+    EXPECT_EQ(temp.read("A"), "old");
+    EXPECT_EQ(temp.names(), Names({"A"}));
+}
+
+TEST_F(FileReplace, ALinkStaysALinkAndItsTargetIsReplacedOrMade) {
+    temp.makeFolder("real");
+    temp.write("real/file", "old");
+    runInShell("ln -s real/file second && ln -s $PWD/second first");
+    EXPECT_EQ(failure("first"), "");
+    EXPECT_EQ(temp.read("real/file"), "new");
+    temp.write("real/file", "later");
+    EXPECT_EQ(temp.read("first") + temp.read("second"), "laterlater");
+    EXPECT_EQ(temp.names(), Names({"first", "real", "second"}));
+    runInShell("rm first second");
+#ifndef _WIN32
+    fs::create_symlink("real/made", temp.path("dangling"));
+    EXPECT_EQ(failure("dangling") + failure("REAL\\new"), "");
+    EXPECT_EQ(temp.read("real/made") + temp.read("real/new"), "newnew");
+    EXPECT_TRUE(fs::is_symlink(temp.path("dangling")));
+#endif
+}
+
+#ifdef _WIN32
+TEST_F(FileReplace, MarksAndPermissionsStayAndAnotherProgramsHoldIsSatOutOrNamed) {
+    const std::wstring file = toNativePath(temp.path("A")).wstring();
+    const DWORD marks = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    temp.write("A", "old");
+    SetFileAttributesW(file.c_str(), marks);
+    runInShell("chmod 600 A");
+    FileHandle held(CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                0, nullptr));
+    EXPECT_EQ(failure("A"), systemReason({ERROR_SHARING_VIOLATION, std::system_category()}));
+    EXPECT_EQ(temp.read("A"), "old");
+    EXPECT_EQ(temp.names(), Names({"A"}));
+    // Let go only when the save has met it.
+    patience = {Patience().longest, [&held] { held.close(); }};
+    EXPECT_EQ(failure("A"), "");
+    EXPECT_EQ(temp.read("A"), "new");
+    EXPECT_EQ(GetFileAttributesW(file.c_str()) & marks, marks);
+    runInShell("test -z $(find A -perm /7)");
+}
+#else
+TEST_F(FileReplace, OwnerAndPermissionsStayAndThoseOfANewFileFollowTheUmask) {
+    struct stat now {};
+    const auto look = [&] { return stat(temp.path("A").c_str(), &now) == 0; };
+    const mode_t before = umask(0027);
+    EXPECT_EQ(failure("A"), "");
+    umask(before);
+    ASSERT_TRUE(look());
+    EXPECT_EQ(now.st_mode & 07777U, 0640U);
+    // Only root can tell who else had the file.
+    const uid_t owner = geteuid() == 0 ? 65534 : now.st_uid;
+    ASSERT_EQ(chown(temp.path("A").c_str(), owner, now.st_gid), 0);
+    for (const mode_t kept : {0600U, 0666U, 0755U}) {
+        ASSERT_EQ(chmod(temp.path("A").c_str(), kept), 0);
+        EXPECT_EQ(failure("A"), "");
+        ASSERT_TRUE(look());
+        EXPECT_EQ(now.st_mode & 07777U, kept);
+        EXPECT_EQ(now.st_uid, owner);
+    }
+}
+#endif
+
+} // namespace turnpost

@@ -1,0 +1,58 @@
+#include "text/CodePage.h"
+
+#include <gtest/gtest.h>
+#include <utility>
+#include <vector>
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+namespace turnpost {
+
+using Cases = std::vector<std::pair<std::string, std::string>>;
+
+TEST(CodePage, CharactersHaveTheBytesThatOtherProgramsGiveThem) {
+    const Cases cases = {{"\x80", "\u20AC"}, {"\x81", "\xC2\x81"}, {"\x91", "\u2018"},
+                         {"\x9F", "\u0178"}, {"\xE4", "\u00E4"},   {"A~\r\n", "A~\r\n"}};
+    for (const auto& [bytes, text] : cases) {
+        EXPECT_EQ(fromWindows1252(bytes), text);
+        EXPECT_EQ(toWindows1252(text), bytes);
+    }
+    const Cases lost = {{"\u0416", "?"}, {"a\U0001F600z", "a?z"}, {"\u0085", "?"},
+                        {"\u2028", "?"}, {"a\xE2\x82", "a??"},    {"\xE2\x82z", "??z"}};
+    for (const auto& [text, bytes] : lost) {
+        EXPECT_EQ(toWindows1252(text), bytes);
+    }
+}
+
+TEST(CodePage, FilesAndRepliesOfAnySystemAreReadAndThoseOfThisOneWritten) {
+    const std::string foreign = "J\u00FCrgen \u0416\u0101";
+    std::string text = foreign;
+    std::string bytes = foreign;
+#ifdef _WIN32
+    if (GetACP() == 1252) {
+        text = "J\u00FCrgen \u20AC";
+        bytes = "J\xFCrgen \x80";
+    } else if (GetACP() == 1251) {
+        text = "\u0418\u0433\u0440\u043E\u043A \u20AC";
+        bytes = "\xC8\xE3\xF0\xEE\xEA \x88";
+    }
+    EXPECT_EQ(toWireBytes(text), bytes);
+    EXPECT_EQ(toFileBytes("\u0101"), bytes == foreign ? "\u0101" : "?") << "an \"a\" hides it";
+#else
+    EXPECT_EQ(toWireBytes("J\u00FCrgen \u20AC \u0416"), "J\xFCrgen \x80 ?");
+#endif
+    EXPECT_EQ(toFileBytes(text), bytes);
+    Cases cases = {{bytes, text}, {text, text}, {foreign, foreign}};
+    if (bytes == foreign) {
+        cases.emplace_back("J\xFCrgen", "J\u00FCrgen");
+    }
+    for (const auto& [given, read] : cases) {
+        EXPECT_EQ(fromFileBytes(given), read);
+        EXPECT_EQ(fromWireBytes(given), read);
+    }
+    EXPECT_EQ(fromFileBytes("\xEF\xBB\xBF\"a\""), "\"a\"") << "a byte order mark is no value";
+}
+
+} // namespace turnpost

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "automation/PeerSocket.h"
+
+#include <QObject>
+#include <QSocketNotifier>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace turnpost::automation {
+
+/// Where a conversation stands when the server is asked for an answer.
+enum class Point { Greeting, Helo, Mail, Recipient, Data, InMessage, Message, Quit };
+
+struct Answer {
+    /// Close is an orderly end of stream. Pause reads no more until release().
+    enum class Then { Continue, Pause, Close, Reset };
+
+    /// Sent in one piece; empty says nothing.
+    std::string bytes;
+    Then then = Then::Continue;
+    /// Kept back until release(), or until the client has ended its side; then sent byte by byte.
+    std::string late = {};
+};
+
+/// What the server says at each point, given the number of the connection (from 0) and the line it
+/// has just received.
+using Script = std::function<Answer(Point, int connection, const std::string& line)>;
+
+/// Accepts everything as a common server does.
+Answer goodAnswer(Point point);
+
+/// A real TCP server on a free loopback port that follows a script. Its segments and buffers are
+/// those of a common network, not of the loopback, so that half a megabyte is more than a client
+/// can be rid of before the server reads it. Runs on the test's own event loop.
+class ScriptedServer final : public QObject {
+  public:
+    struct Conversation {
+        /// Command lines without line ends, in order.
+        std::vector<std::string> commands;
+        /// The message as received, periods still doubled, without the final line.
+        std::string message;
+        /// Messages that were accepted with a 250.
+        bool delivered = false;
+        bool ended = false;
+        bool wasReset = false;
+    };
+
+    explicit ScriptedServer(Script conversationScript);
+    ScriptedServer(const ScriptedServer&) = delete;
+    ScriptedServer& operator=(const ScriptedServer&) = delete;
+
+    std::uint16_t port() const { return listeningPort; }
+
+    /// "127.0.0.1:port", as the host would enter it.
+    std::string address() const { return "127.0.0.1:" + std::to_string(listeningPort); }
+
+    const std::deque<Conversation>& conversations() const { return records; }
+
+    /// Sends what has been kept back on a connection, and goes on after a pause.
+    void release(int connection);
+
+    /// From now on Point::InMessage comes when this many bytes of a message have arrived, or never
+    /// when it is shorter. Until then it comes with the first bytes.
+    void setMidMessage(size_t bytes) { midMessage = bytes; }
+
+    /// Closes all connections and drops what is known of them; the next one is number 0. Not from
+    /// inside the script.
+    void forget();
+
+  private:
+    struct Peer {
+        std::unique_ptr<PeerSocket> socket;
+        std::string buffer;
+        bool inMessage = false;
+        bool announcedMessage = false;
+        bool paused = false;
+        bool over = false;
+    };
+
+    void accept();
+    void takeInput(int connection, const std::string& bytes);
+    void answer(int connection, Point point, const std::string& line);
+    void end(int connection, bool byReset);
+
+    Script script;
+    SystemSocket listener;
+    std::uint16_t listeningPort = 0;
+    QSocketNotifier notifier{QSocketNotifier::Read};
+    std::deque<Peer> peers;
+    std::deque<Conversation> records;
+    size_t midMessage = 0;
+};
+
+} // namespace turnpost::automation
