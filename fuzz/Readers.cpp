@@ -89,15 +89,16 @@ void checkSettings(const Settings& settings) {
     const auto [read, damaged] = parseSettings(file);
     const bool equal = !damaged && read == settings;
     checkReadBack(file, printSettings({}), {}, equal, damaged);
-    require(equal || !comesBack(settings), "what will not come back is known when it is saved");
+    require(equal || !survivesRoundTrip(settings),
+            "what will not come back is known when it is saved");
 }
 
 void checkGame(const GameDetails& game, const MessageTemplate& message) {
     const std::string file = printGameDetails(game, message);
     const auto [read, damage] = parseGameDetails(file);
-    const bool equal = damage.empty() && read.game == game && read.message == message;
-    checkReadBack(file, printGameDetails({}, {}), message.MessageBody, equal, !damage.empty());
-    require(equal || !comesBack(game, message),
+    const bool equal = !damage && read.game == game && read.message == message;
+    checkReadBack(file, printGameDetails({}, {}), message.MessageBody, equal, damage.has_value());
+    require(equal || !survivesRoundTrip(game, message),
             "what will not come back is known when it is saved");
 }
 
@@ -108,7 +109,7 @@ void checkReading(const std::string& bytes) {
     if (const SettingsReading settings = parseSettings(text); !settings.damaged) {
         checkSettings(settings.settings);
     }
-    if (GameFileReading reading = parseGameDetails(text); reading.damage.empty()) {
+    if (GameFileReading reading = parseGameDetails(text); !reading.damage) {
         auto& [game, message] = reading.content;
         removeLineBreaks(game);
         message.MessageSubject = oneLine(message.MessageSubject);

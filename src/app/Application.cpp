@@ -58,7 +58,7 @@ void Application::butSend_Click() {
     driver.butSend_Click();
 }
 
-void Application::butSend2_Click() {
+void Application::takeSendStep() {
     if (!delivery.isDelivering()) {
         windows.showBreak({});
         driver.butSend2_Click();
@@ -107,8 +107,8 @@ bool Application::askForFile(const std::string& message, const std::string& patt
 void Application::writeSettings() {
     try {
         settingsFile.write(shared.settings);
-        if (!comesBack(shared.settings)) {
-            windows.show(messages::willNotComeBack(settingsFile.path()));
+        if (!survivesRoundTrip(shared.settings)) {
+            windows.show(messages::doesNotSurviveRoundTrip(settingsFile.path()));
         }
     } catch (const FileError& error) {
         windows.show(messages::cannotWrite(error.path(), error.reason()));

@@ -51,7 +51,7 @@ class Application final : public MainCommands {
     void configureStoredGames() override;
     // Only one kind of send runs at a time; the other is refused meanwhile.
     void butSend_Click() override;
-    void butSend2_Click() override;
+    void takeSendStep() override;
     void sendByMailSystem(std::uintptr_t parentWindow = 0) override;
     void editEmailSettings() override { windows.openEmailSettings(); }
     void editMessage() override { windows.openMessageEditor(); }

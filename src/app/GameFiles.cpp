@@ -30,8 +30,8 @@ void Application::saveGame() {
     }
     path = findPath(path).value_or(path);
     windows.show(messages::detailsSaved(path));
-    if (!comesBack(shared.game, shared.message)) {
-        windows.show(messages::willNotComeBack(path));
+    if (!survivesRoundTrip(shared.game, shared.message)) {
+        windows.show(messages::doesNotSurviveRoundTrip(path));
     }
 }
 
@@ -54,8 +54,8 @@ void Application::openGame() {
 void Application::loadGame(const std::string& path) {
     try {
         GameFileReading reading = readGameDetails(path);
-        if (!reading.damage.empty()) {
-            windows.show(messages::gameFileDamaged(path, reading.damage));
+        if (reading.damage) {
+            windows.show(messages::gameFileDamaged(path, reading.damage->words));
             return;
         }
         shared.game = std::move(reading.content.game);

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "compose/Transport.h"
+#include "text/Refusal.h"
 
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace turnpost {
@@ -14,6 +14,6 @@ namespace turnpost {
 /// No transport takes an invisible character: the address looks right and leads elsewhere. SMTP
 /// takes no character without bytes in the wire's code page either: it would go out as "?", which
 /// is another address. Line breaks count as the blanks that they become.
-std::optional<std::string> addressFault(std::string_view address, Transport transport);
+std::optional<Refusal> addressFault(std::string_view address, Transport transport);
 
 } // namespace turnpost

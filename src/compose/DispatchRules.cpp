@@ -54,7 +54,7 @@ class RowRules {
     }
 
     void checkSize() {
-        if (looksFurther() && foundBytes > mostAttachedBytes) {
+        if (looksFurther() && foundBytes > maxAttachedBytes) {
             refuse(messages::messageTooLong());
         }
     }
@@ -84,12 +84,12 @@ class RowRules {
   private:
     void checkAddresses(const PlayerSlot& row) {
         if (const auto fault = addressFault(row.PlayerEmail, transport)) {
-            refuse(messages::addressUnsendable(*fault));
+            refuse(messages::addressUnsendable(fault->words));
         }
         // SMTP only names the alternate address in the message; no mail goes there.
         if (transport == Transport::Mapi) {
             if (const auto fault = addressFault(row.AltEmail, transport)) {
-                refuse(messages::alternateAddressUnsendable(*fault));
+                refuse(messages::alternateAddressUnsendable(fault->words));
             }
         }
     }
@@ -143,7 +143,7 @@ std::string universeFile(const std::string& gamePath, const std::string& gameFil
 std::optional<RowMessage> applyRowRules(const DispatchInputs& inputs, int row, Transport transport,
                                         const AttachFile& attach, std::string& ReportLine) {
     const GameDetails& game = inputs.game;
-    const PlayerSlot& player = game.rows[static_cast<size_t>(row)];
+    const PlayerSlot& player = game.row(row);
     RowRules rules(transport, ReportLine);
     rules.checkPlayer(player);
     if (inputs.attachments.SendMFiles == 1) {

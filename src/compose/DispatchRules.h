@@ -27,7 +27,7 @@ struct RowMessage {
 };
 
 /// What the files of one message may have together, in bytes. Few mail servers take half of it.
-inline constexpr std::uintmax_t mostAttachedBytes = std::uintmax_t{64} << 20;
+inline constexpr std::uintmax_t maxAttachedBytes = std::uintmax_t{64} << 20;
 
 /// Takes one file of a row that gets a message, in sending order: turn file, universe file, extra
 /// files. Throws FileError when the file cannot be read.

@@ -16,7 +16,7 @@ std::string replaceAll(std::string_view text, std::string_view placeholder,
          found = text.find(placeholder, from)) {
         result.append(text.substr(from, found - from)).append(value);
         from = found + placeholder.size();
-        if (result.size() > mostExpandedBytes) {
+        if (result.size() > maxExpandedBytes) {
             throw std::length_error("the text grows too long");
         }
     }

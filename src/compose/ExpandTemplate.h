@@ -9,12 +9,12 @@
 namespace turnpost {
 
 /// Placeholders in values multiply: a few kilobytes of them could fill any memory.
-inline constexpr size_t mostExpandedBytes = size_t{64} << 20;
+inline constexpr size_t maxExpandedBytes = size_t{64} << 20;
 
 /// The text with every placeholder filled for one row (0 to 15), in this order: <<GN>> the game
 /// name, <<PN>> the player number, <<FN>> the first name, <<GY>> the game year. A value put in by
 /// an earlier step is scanned by the later ones. Reads nothing but its arguments. Cannot fail, but
-/// for std::length_error when filling placeholders makes it longer than mostExpandedBytes.
+/// for std::length_error when filling placeholders makes it longer than maxExpandedBytes.
 std::string ExpandTemplate(std::string_view text, std::string_view gameName, int row,
                            std::string_view playerName, std::int16_t gameYear);
 

@@ -7,9 +7,9 @@ namespace turnpost {
 SendReport linesAfterBreak(const SendReport& report, int rowUnderWay) {
     SendReport lines;
     for (int row = 0; row < rowCount; ++row) {
-        lines[static_cast<size_t>(row)] = row < rowUnderWay    ? report[static_cast<size_t>(row)]
-                                          : row == rowUnderWay ? messages::brokeOffHere()
-                                                               : messages::notReached();
+        lines.line(row) = row < rowUnderWay    ? report.line(row)
+                          : row == rowUnderWay ? messages::brokeOffHere()
+                                               : messages::notReached();
     }
     return lines;
 }
@@ -17,7 +17,7 @@ SendReport linesAfterBreak(const SendReport& report, int rowUnderWay) {
 std::string reportText(const SendReport& report) {
     std::string text;
     for (int row = 0; row < rowCount; ++row) {
-        text += messages::reportPrefix(row) + report[static_cast<size_t>(row)] + "\r\n";
+        text += messages::reportPrefix(row) + report.line(row) + "\r\n";
     }
     return text;
 }

@@ -8,7 +8,11 @@
 namespace turnpost {
 
 /// One ReportLine for each row; may run over several lines separated by CR LF, or be empty.
-using SendReport = std::array<std::string, rowCount>;
+struct SendReport : std::array<std::string, rowCount> {
+    /// `row` is 0 to 15.
+    std::string& line(int row) { return at(static_cast<size_t>(row)); }
+    const std::string& line(int row) const { return at(static_cast<size_t>(row)); }
+};
 
 /// What is known of each row when a send has broken off at this row (0 to 15): the lines that this
 /// send has written, for the row itself that its message may or may not have arrived, and for those

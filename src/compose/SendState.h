@@ -5,6 +5,10 @@
 
 namespace turnpost {
 
+/// What a session has sent last: nothing yet (0) to QUIT (6). One that was broken off counts as one
+/// that has sent QUIT: it takes no reply any more.
+enum class LastSent : std::uint8_t { Nothing, Helo, MailFrom, RcptTo, Data, MessageText, Quit };
+
 /// The fields of a send, shared by the driver and the session. Between two events they are all that
 /// is left of it.
 struct SendState {
@@ -20,9 +24,7 @@ struct SendState {
     /// The row's texts after placeholder substitution.
     std::string PlayerBody;
     std::string PlayerSubject;
-    /// The last thing sent: 0 nothing, 1 HELO, 2 MAIL FROM, 3 RCPT TO, 4 DATA, 5 the message text,
-    /// 6 QUIT or abandoned.
-    int SmtpState = 6;
+    LastSent SmtpState = LastSent::Quit;
 };
 
 } // namespace turnpost

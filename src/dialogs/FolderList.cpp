@@ -62,7 +62,7 @@ bool comesBefore(const Sorted& a, const Sorted& b) {
 
 std::optional<FolderList> listWholePath(const fs::path& folder, const std::string& pattern) {
     const std::string path = fromNativePath(folder);
-    const auto entries = whyUnusable(path).empty() ? folderEntries(path) : std::nullopt;
+    const auto entries = whyUnusable(path) ? std::nullopt : folderEntries(path);
     FolderList list;
     list.lines = linesDownTo(folder);
     if (!entries || list.lines.empty()) {
@@ -92,11 +92,12 @@ std::optional<FolderList> listWholePath(const fs::path& folder, const std::strin
 
 } // namespace
 
-std::string whyUnusable(const std::string& path) {
+std::optional<Refusal> whyUnusable(const std::string& path) {
     if (!isUtf8(path)) {
-        return messages::nameIsNotUtf8();
+        return Refusal{messages::nameIsNotUtf8()};
     }
-    return oneLine(path) == path ? std::string() : messages::nameHoldsLineBreak();
+    return oneLine(path) == path ? std::nullopt
+                                 : std::optional(Refusal{messages::nameHoldsLineBreak()});
 }
 
 std::optional<FolderList> listFolder(const std::string& folder, const std::string& pattern) {

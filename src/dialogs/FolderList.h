@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text/Refusal.h"
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,15 +14,15 @@ struct FolderLine {
     std::string name;
     /// The whole path, to open the folder by.
     std::string path;
-    /// Why it cannot be opened here (see whyUnusable); empty when it can.
-    std::string unusable;
+    /// Why it cannot be opened here (see whyUnusable).
+    std::optional<Refusal> unusable;
 };
 
 /// A line of the file list.
 struct FileLine {
     std::string name;
-    /// Why it cannot be chosen; empty when it can.
-    std::string unusable;
+    /// Why it cannot be chosen.
+    std::optional<Refusal> unusable;
 };
 
 /// What the picker shows of a folder. Texts are UTF-8, but names keep their bytes on a system that
@@ -38,10 +40,9 @@ struct FolderList {
     std::string folder() const { return lines.empty() ? std::string() : lines[current].path; }
 };
 
-/// Why no file of the program can hold this path, in words for a person: it is not valid UTF-8, as
-/// names from old archives are, or holds a line break. Read back, it would be another path. Empty
-/// when there is no such reason.
-std::string whyUnusable(const std::string& path);
+/// Why no file of the program can hold this path: it is not valid UTF-8, as names from old archives
+/// are, or holds a line break. Read back, it would be another path.
+std::optional<Refusal> whyUnusable(const std::string& path);
 
 /// Lists a folder with its files that match the pattern, in one reading. Subfolders and files are
 /// sorted without regard to case, hidden ones after the others. Links count as what they lead to.

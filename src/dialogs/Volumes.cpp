@@ -54,12 +54,12 @@ bool isFolder(const std::string& path) {
 std::vector<std::string> placesForPeople(const std::vector<Volume>& mounted,
                                          const std::string& home, const std::string& winePrefix) {
     std::vector<std::string> places = {"/"};
-    if (isFolder(home) && whyUnusable(home).empty()) {
+    if (isFolder(home) && !whyUnusable(home)) {
         addOnce(places, home);
     }
     for (const std::string& prefix : {winePrefix, joinPath(home, ".wine")}) {
         const std::string driveC = joinPath(prefix, "drive_c");
-        if (isAbsolutePath(driveC) && isFolder(driveC) && whyUnusable(driveC).empty()) {
+        if (isAbsolutePath(driveC) && isFolder(driveC) && !whyUnusable(driveC)) {
             addOnce(places, driveC);
             break;
         }

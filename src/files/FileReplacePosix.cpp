@@ -1,6 +1,6 @@
 #include "files/FileError.h"
 #include "files/Files.h"
-#include "files/TemporaryName.h"
+#include "files/TemporaryPath.h"
 #include "text/Path.h"
 
 #include <cerrno>
@@ -35,16 +35,16 @@ std::string targetOf(const std::string& path) {
 }
 
 // The neighbour while it is being written; removed again unless it got its final name.
-class Neighbour {
+class TemporaryFile {
   public:
-    explicit Neighbour(const std::string& target)
-        : targetPath(target), path(unpredictableNeighbour(target)),
+    explicit TemporaryFile(const std::string& target)
+        : targetPath(target), path(temporaryPathBeside(target)),
           descriptor(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666)) {
         check(descriptor >= 0);
     }
-    Neighbour(const Neighbour&) = delete;
-    Neighbour& operator=(const Neighbour&) = delete;
-    ~Neighbour() {
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() {
         if (descriptor >= 0) {
             close(descriptor);
         }
@@ -117,7 +117,7 @@ void flushFolder(const std::string& folder) {
 } // namespace
 
 // A file that others hold can be renamed over.
-void replaceFile(const std::string& path, const std::string& bytes, const Patience&) {
+void replaceFile(const std::string& path, const std::string& bytes, const RetryLimits&) {
     requireNoOtherKind(path);
     const std::string target = targetOf(path);
     requireNoOtherKind(target);
@@ -127,12 +127,12 @@ void replaceFile(const std::string& path, const std::string& bytes, const Patien
     if (exists && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
         fail(target, errno);
     }
-    Neighbour neighbour(target);
+    TemporaryFile temporary(target);
     if (exists) {
-        neighbour.takeOwnerAndMode(old);
+        temporary.takeOwnerAndMode(old);
     }
-    neighbour.write(bytes);
-    neighbour.moveIntoPlace();
+    temporary.write(bytes);
+    temporary.moveIntoPlace();
     flushFolder(folderOfPath(target));
 }
 

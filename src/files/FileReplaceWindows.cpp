@@ -1,6 +1,6 @@
 #include "files/FileHandle.h"
 #include "files/Files.h"
-#include "files/TemporaryName.h"
+#include "files/TemporaryPath.h"
 #include "text/Path.h"
 
 #include <thread>
@@ -58,14 +58,14 @@ bool isNothingThere(DWORD code) {
 }
 
 // The neighbour while it is being written; removed again unless it got its final name.
-class Neighbour {
+class TemporaryFile {
   public:
-    Neighbour(const std::string& namedPath, const std::string& target)
+    TemporaryFile(const std::string& namedPath, const std::string& target)
         : named(namedPath), to(toNativePath(target).wstring()),
-          from(toNativePath(unpredictableNeighbour(target)).wstring()), file(create()) {}
-    Neighbour(const Neighbour&) = delete;
-    Neighbour& operator=(const Neighbour&) = delete;
-    ~Neighbour() {
+          from(toNativePath(temporaryPathBeside(target)).wstring()), file(create()) {}
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() {
         file.close();
         if (!inPlace) {
             DeleteFileW(from.c_str());
@@ -80,16 +80,16 @@ class Neighbour {
         file.close();
     }
 
-    void moveIntoPlace(const Patience& patience) {
-        const auto end = std::chrono::steady_clock::now() + patience.longest;
+    void moveIntoPlace(const RetryLimits& limits) {
+        const auto end = std::chrono::steady_clock::now() + limits.timeout;
         while (MoveFileExW(from.c_str(), to.c_str(),
                            MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0) {
             const DWORD code = GetLastError();
             if (!mayBeHeld(code) || std::chrono::steady_clock::now() >= end) {
                 throwSystemError(named, isHeld() ? ERROR_SHARING_VIOLATION : code);
             }
-            if (patience.pause) {
-                patience.pause();
+            if (limits.pause) {
+                limits.pause();
             } else {
                 std::this_thread::sleep_for(std::chrono::milliseconds(20));
             }
@@ -140,11 +140,11 @@ class Neighbour {
 
 } // namespace
 
-void replaceFile(const std::string& path, const std::string& bytes, const Patience& patience) {
+void replaceFile(const std::string& path, const std::string& bytes, const RetryLimits& limits) {
     requireNoOtherKind(path);
-    Neighbour neighbour(path, targetOf(path));
-    neighbour.write(bytes);
-    neighbour.moveIntoPlace(patience);
+    TemporaryFile temporary(path, targetOf(path));
+    temporary.write(bytes);
+    temporary.moveIntoPlace(limits);
 }
 
 } // namespace turnpost

@@ -53,7 +53,7 @@ std::string readFile(const std::string& path, size_t limit) {
     }
     std::string bytes;
     const auto size = limit == std::string::npos ? fileSize(*found) : std::nullopt;
-    if (size > mostFileBytes) {
+    if (size > maxFileBytes) {
         throw FileError(*found, std::make_error_code(std::errc::file_too_large));
     }
     // Growing step by step would take several times the memory.

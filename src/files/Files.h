@@ -45,16 +45,16 @@ void requireNoOtherKind(const std::string& path);
 bool folderHoldsFile(const std::string& folder);
 
 /// No mail server takes more, and a file of any size that somebody has named could fill the memory.
-inline constexpr size_t mostFileBytes = size_t{256} << 20;
+inline constexpr size_t maxFileBytes = size_t{256} << 20;
 
 /// The file's bytes, read once: all of them, or the first `limit`. Throws FileError when it is no
-/// ordinary file, cannot be read to its end, or, without a limit, is larger than mostFileBytes.
+/// ordinary file, cannot be read to its end, or, without a limit, is larger than maxFileBytes.
 std::string readFile(const std::string& path, size_t limit = std::string::npos);
 
 /// How a save waits for another program that holds the file, as Windows lets it do: it tries again
 /// after each pause, for so long.
-struct Patience {
-    std::chrono::milliseconds longest{2000};
+struct RetryLimits {
+    std::chrono::milliseconds timeout{2000};
     /// A few milliseconds when empty.
     std::function<void()> pause;
 };
@@ -67,6 +67,6 @@ struct Patience {
 /// could then read what they could not. Throws FileError; the old file is then untouched and no
 /// neighbour is left. So it is when the file is write-protected, the path holds a NUL, or what is
 /// there is no ordinary file.
-void replaceFile(const std::string& path, const std::string& bytes, const Patience& patience = {});
+void replaceFile(const std::string& path, const std::string& bytes, const RetryLimits& limits = {});
 
 } // namespace turnpost

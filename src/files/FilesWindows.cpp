@@ -15,7 +15,7 @@ constexpr std::wstring_view withoutLimit = L"\\\\?\\";
 constexpr std::wstring_view serverWithoutLimit = L"\\\\?\\UNC\\";
 
 // Folders can be made up to here; files take a few characters more.
-constexpr size_t longestForAllCalls = MAX_PATH - 12 - 1;
+constexpr size_t maxLengthForAllCalls = MAX_PATH - 12 - 1;
 
 std::wstring wholePath(const std::wstring& path) {
     std::wstring whole(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
@@ -46,7 +46,7 @@ std::string systemReason(std::error_code code) {
 
 std::filesystem::path toNativePath(const std::string& path) {
     const std::wstring wide = toUtf16(path);
-    if (wide.size() <= longestForAllCalls || wide.starts_with(withoutLimit)) {
+    if (wide.size() <= maxLengthForAllCalls || wide.starts_with(withoutLimit)) {
         return wide;
     }
     const std::wstring whole = wholePath(wide);

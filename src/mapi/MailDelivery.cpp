@@ -30,8 +30,8 @@ void MailDelivery::deliver(std::uintptr_t parentWindow) {
         }
         session.SignOff();
     } else {
-        const std::string refusal = session.Refusal();
-        box.show(refusal.empty() ? messages::noMailSystem() : messages::mapiError(refusal));
+        const auto refusal = session.signOnRefusal();
+        box.show(refusal ? messages::mapiError(refusal->words) : messages::noMailSystem());
     }
     display.openReport();
     delivering = false;
@@ -51,14 +51,14 @@ void MailDelivery::deliverRow(const DispatchInputs& row) {
     std::vector<std::string> files;
     // The mail system reads the file itself.
     const auto attach = [&files](const std::string& path) { files.push_back(path); };
-    std::string& ReportLine = report[static_cast<size_t>(state.SendCursor)];
+    std::string& ReportLine = report.line(state.SendCursor);
     const auto message = applyRowRules(row, state.SendCursor, Transport::Mapi, attach, ReportLine);
     if (message) {
         state.PlayerBody = message->PlayerBody;
         state.PlayerSubject = message->PlayerSubject;
-        compose(row.game.rows[static_cast<size_t>(state.SendCursor)], files);
-        const auto failure = mail.Send();
-        ReportLine = failure ? messages::mapiError(*failure) : messages::emailGenerated();
+        compose(row.game.row(state.SendCursor), files);
+        const auto refusal = mail.Send();
+        ReportLine = refusal ? messages::mapiError(refusal->words) : messages::emailGenerated();
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text/Refusal.h"
+
 #include <optional>
 #include <string>
 
@@ -38,9 +40,8 @@ class MailMessages {
     /// Full path; the mail system shows the file's own name.
     virtual void AttachmentPathName(const std::string& path) = 0;
 
-    /// Submits the message without asking anybody. Gives nothing when the mail system has taken it,
-    /// else why it has not, in the mail system's own words.
-    virtual std::optional<std::string> Send() = 0;
+    /// Submits the message without asking anybody. A refusal has the mail system's own words.
+    virtual std::optional<Refusal> Send() = 0;
 };
 
 } // namespace turnpost

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "text/Refusal.h"
+
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace turnpost {
@@ -28,8 +31,8 @@ class MailSession {
     virtual void SignOn() = 0;
     /// The open session's identifier; 0 means no session: there is no mail system, or it refused.
     virtual long SessionID() const = 0;
-    /// Why the mail system refused the last SignOn, in words; empty when there is none.
-    virtual std::string Refusal() const { return {}; }
+    /// Why the mail system refused the last SignOn; nothing when there is no mail system.
+    virtual std::optional<Refusal> signOnRefusal() const { return std::nullopt; }
     /// Closes the session.
     virtual void SignOff() = 0;
 };

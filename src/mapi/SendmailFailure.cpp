@@ -13,7 +13,7 @@ namespace turnpost {
 namespace {
 
 std::string lastLines(const std::string& written) {
-    constexpr size_t mostLines = 5;
+    constexpr size_t maxLines = 5;
     std::deque<std::string> kept;
     std::istringstream lines(written);
     for (std::string line; std::getline(lines, line);) {
@@ -21,7 +21,7 @@ std::string lastLines(const std::string& written) {
         if (!line.empty()) {
             kept.push_back(line);
         }
-        if (kept.size() > mostLines) {
+        if (kept.size() > maxLines) {
             kept.pop_front();
         }
     }
@@ -49,8 +49,8 @@ std::string howItEnded(const ProgramEnd& end, const std::string& program,
 
 } // namespace
 
-std::optional<std::string> sendmailFailure(const ProgramEnd& end, const std::string& program,
-                                           std::chrono::milliseconds limit) {
+std::optional<Refusal> sendmailFailure(const ProgramEnd& end, const std::string& program,
+                                       std::chrono::milliseconds limit) {
     if (end.kind == ProgramEnd::Kind::Exited && end.number == 0) {
         return std::nullopt;
     }
@@ -61,7 +61,7 @@ std::optional<std::string> sendmailFailure(const ProgramEnd& end, const std::str
     if (words.empty() || end.kind != ProgramEnd::Kind::Exited) {
         words.append(words.empty() ? "" : "\r\n").append(howItEnded(end, program, limit));
     }
-    return words;
+    return Refusal{words};
 }
 
 } // namespace turnpost

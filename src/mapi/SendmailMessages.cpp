@@ -21,44 +21,44 @@ constexpr size_t bytesPerSecond = 10000;
 
 SendmailMessages::SendmailMessages(const Settings& senderSettings,
                                    const SendmailSession& mailSession,
-                                   std::chrono::milliseconds longest)
-    : settings(senderSettings), session(mailSession), limit(longest) {}
+                                   std::chrono::milliseconds timeout)
+    : settings(senderSettings), session(mailSession), limit(timeout) {}
 
-std::optional<std::string> SendmailMessages::Send() {
+std::optional<Refusal> SendmailMessages::Send() {
     if (sessionId == 0 || sessionId != session.SessionID()) {
-        return messages::noMailSystem();
+        return Refusal{messages::noMailSystem()};
     }
     if (auto refused = takeAddresses()) {
         return refused;
     }
     try {
         const std::string bytes = mimeBytes(message());
-        const auto longest = limit + std::chrono::seconds(bytes.size() / bytesPerSecond);
-        return sendmailFailure(runProgram(session.program(), arguments(), bytes, longest),
-                               session.program(), longest);
+        const auto timeout = limit + std::chrono::seconds(bytes.size() / bytesPerSecond);
+        return sendmailFailure(runProgram(session.program(), arguments(), bytes, timeout),
+                               session.program(), timeout);
     } catch (const FileError& error) {
-        return messages::cannotRead(error.path(), error.reason());
+        return Refusal{messages::cannotRead(error.path(), error.reason())};
     }
 }
 
 // Gives what is wrong with one of them. A mail system takes an argument apart as it does a header
 // field: one that holds two addresses would be mail to somebody whom nobody has named.
-std::optional<std::string> SendmailMessages::takeAddresses() {
+std::optional<Refusal> SendmailMessages::takeAddresses() {
     for (MailRecipient& named : recipients) {
         const auto address = mailAddress(named.RecipAddress);
         if (!address) {
-            return messages::notOneAddress(named.RecipAddress);
+            return Refusal{messages::notOneAddress(named.RecipAddress)};
         }
         named.RecipAddress = *address;
     }
     sender = trimSpaces(settings.HostEmail);
     if (const auto fault = addressFault(settings.HostEmail, Transport::Mapi)) {
-        return messages::ownAddressUnsendable(*fault);
+        return Refusal{messages::ownAddressUnsendable(fault->words)};
     }
     if (!sender.empty()) {
         const auto address = mailAddress(sender);
         if (!address) {
-            return messages::hostNotOneAddress(settings.HostEmail);
+            return Refusal{messages::hostNotOneAddress(settings.HostEmail)};
         }
         sender = *address;
     }

@@ -13,18 +13,18 @@ namespace turnpost {
 class SendmailMessages : public ComposedMessage {
   public:
     /// Both references must outlive it. The sender is taken from `senderSettings` at each message.
-    /// A program that takes longer than `longest`, and a second more for each 10 KB of the message,
+    /// A program that takes longer than `timeout`, and a second more for each 10 KB of the message,
     /// is ended: a slow line is no hang.
     SendmailMessages(const Settings& senderSettings, const SendmailSession& mailSession,
-                     std::chrono::milliseconds longest = std::chrono::seconds(60));
+                     std::chrono::milliseconds timeout = std::chrono::seconds(60));
 
     /// Reads every attachment once. Gives the program's own words where it refuses; an address
     /// that is not one address or has no ASCII domain, and a file that can't be read, are refused
     /// without it.
-    std::optional<std::string> Send() override;
+    std::optional<Refusal> Send() override;
 
   private:
-    std::optional<std::string> takeAddresses();
+    std::optional<Refusal> takeAddresses();
     MimeMessage message() const;
     std::vector<std::string> arguments() const;
 

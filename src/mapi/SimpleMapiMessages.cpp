@@ -28,7 +28,7 @@ std::string withNativeSeparators(std::string path) {
 
 } // namespace
 
-std::optional<std::string> SimpleMapiMessages::Send() {
+std::optional<Refusal> SimpleMapiMessages::Send() {
     // Simple MAPI's structures only point to their texts; a deque leaves them where they are.
     std::deque<std::wstring> texts;
     const auto keep = [&texts](const std::string& text) {
@@ -57,7 +57,7 @@ std::optional<std::string> SimpleMapiMessages::Send() {
     message.lpFiles = files.data();
     const ULONG code = mapi->sendMail(sessionId, message);
     return code == SUCCESS_SUCCESS ? std::nullopt
-                                   : std::optional(messages::simpleMapiFailure(code));
+                                   : std::optional(Refusal{messages::simpleMapiFailure(code)});
 }
 
 } // namespace turnpost

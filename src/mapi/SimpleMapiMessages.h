@@ -15,7 +15,7 @@ class SimpleMapiMessages final : public ComposedMessage {
     explicit SimpleMapiMessages(std::shared_ptr<SimpleMapi> simpleMapi)
         : mapi(std::move(simpleMapi)) {}
 
-    std::optional<std::string> Send() override;
+    std::optional<Refusal> Send() override;
 
   private:
     std::shared_ptr<SimpleMapi> mapi;

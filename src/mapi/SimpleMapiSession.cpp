@@ -8,7 +8,10 @@ void SimpleMapiSession::SignOn() {
     SignOff();
     const SimpleMapi::Logon logon = mapi->logon(profile, password, flags);
     session = logon.session;
-    refusal = logon.refusal ? messages::simpleMapiFailure(*logon.refusal) : "";
+    refusal.reset();
+    if (logon.refusal) {
+        refusal = Refusal{messages::simpleMapiFailure(*logon.refusal)};
+    }
 }
 
 void SimpleMapiSession::SignOff() {

@@ -25,7 +25,7 @@ class SimpleMapiSession final : public MailSession {
     void ParentWindow(std::uintptr_t window) override { mapi->setParentWindow(window); }
     void SignOn() override;
     long SessionID() const override { return session; }
-    std::string Refusal() const override { return refusal; }
+    std::optional<Refusal> signOnRefusal() const override { return refusal; }
     void SignOff() override;
 
   private:
@@ -35,7 +35,7 @@ class SimpleMapiSession final : public MailSession {
     FLAGS flags = 0;
     std::string profile;
     std::string password;
-    std::string refusal;
+    std::optional<Refusal> refusal;
     long session = 0;
 };
 

@@ -26,7 +26,7 @@ inline constexpr int brokenPipeError = WSAESHUTDOWN;
 inline constexpr int noSignal = 0;
 #else
 using SocketHandle = int;
-using SocketLength = std::size_t;
+using SocketLength = size_t;
 inline constexpr int addressError = EADDRNOTAVAIL;
 inline constexpr int resetError = ECONNRESET;
 inline constexpr int brokenPipeError = EPIPE;
@@ -37,7 +37,7 @@ inline constexpr int noSignal = MSG_NOSIGNAL;
 int lastSocketError();
 
 /// True for the "errors" of a call that did not wait.
-bool isUnderWay(int error);
+bool isInProgress(int error);
 
 /// Makes the socket's calls never wait, and keeps it from programs that are started.
 void makeNonBlocking(SocketHandle handle);
@@ -45,6 +45,6 @@ void makeNonBlocking(SocketHandle handle);
 void closeSocket(SocketHandle handle);
 
 /// As poll(2).
-int pollSocket(pollfd& polled, int longest);
+int pollSocket(pollfd& polled, int timeout);
 
 } // namespace turnpost

@@ -6,7 +6,7 @@ namespace turnpost {
 
 namespace {
 
-constexpr std::size_t piece = 1 << 16;
+constexpr size_t piece = 1 << 16;
 
 // What a system says to sending once the connection has been reset, and has been said to be.
 int known(int error) {
@@ -44,7 +44,7 @@ int SystemSocket::connect(const std::string& address, std::uint16_t port) {
         error = ::connect(opened, target->ai_addr, size) == 0 ? 0 : lastSocketError();
     }
     freeaddrinfo(target);
-    return isUnderWay(error) ? 0 : error;
+    return isInProgress(error) ? 0 : error;
 }
 
 int SystemSocket::pendingError() {
@@ -62,10 +62,10 @@ SystemSocket::Transfer SystemSocket::send(std::string_view bytes) {
             ::send(native(handle), next.data(), static_cast<SocketLength>(next.size()), noSignal);
         if (taken < 0) {
             const int error = lastSocketError();
-            return isUnderWay(error) ? Transfer{Transfer::Later, transfer.count}
-                                     : Transfer{Transfer::Failed, transfer.count, known(error)};
+            return isInProgress(error) ? Transfer{Transfer::WouldBlock, transfer.count}
+                                       : Transfer{Transfer::Failed, transfer.count, known(error)};
         }
-        transfer.count += static_cast<std::size_t>(taken);
+        transfer.count += static_cast<size_t>(taken);
     }
     return transfer;
 }
@@ -74,8 +74,8 @@ SystemSocket::Transfer SystemSocket::receive(std::string& bytes) {
     char arrived[piece];
     const auto count = recv(native(handle), arrived, piece, 0);
     if (count > 0) {
-        bytes.append(arrived, static_cast<std::size_t>(count));
-        return {Transfer::Moved, static_cast<std::size_t>(count)};
+        bytes.append(arrived, static_cast<size_t>(count));
+        return {Transfer::Moved, static_cast<size_t>(count)};
     }
     // A reset, too, is an end of stream when it came after the other side's end, or the system has
     // told of it before. But then the connection takes nothing any more, not even no bytes.
@@ -83,8 +83,8 @@ SystemSocket::Transfer SystemSocket::receive(std::string& bytes) {
         return {Transfer::Ended};
     }
     const int error = lastSocketError();
-    return isUnderWay(error) ? Transfer{Transfer::Later}
-                             : Transfer{Transfer::Failed, 0, known(error)};
+    return isInProgress(error) ? Transfer{Transfer::WouldBlock}
+                               : Transfer{Transfer::Failed, 0, known(error)};
 }
 
 void SystemSocket::endSending() {
@@ -93,11 +93,11 @@ void SystemSocket::endSending() {
     endedSending = true;
 }
 
-bool SystemSocket::wait(bool forRoom, int longest) {
+bool SystemSocket::wait(bool forRoom, int timeout) {
     pollfd polled{};
     polled.fd = native(handle);
     polled.events = static_cast<short>(forRoom ? POLLIN | POLLOUT : POLLIN);
-    return pollSocket(polled, longest) > 0;
+    return pollSocket(polled, timeout) > 0;
 }
 
 void SystemSocket::close() {

@@ -14,8 +14,8 @@ class SystemSocket {
     /// What came of sending or receiving: bytes have moved; not now; the other side has ended its
     /// sending in good order; or `error`.
     struct Transfer {
-        enum State { Moved, Later, Ended, Failed } state = Later;
-        std::size_t count = 0;
+        enum State { Moved, WouldBlock, Ended, Failed } state = WouldBlock;
+        size_t count = 0;
         int error = 0;
     };
 
@@ -41,7 +41,7 @@ class SystemSocket {
     int pendingError();
 
     /// Hands bytes to the system until it takes no more. Moved when it has taken all of them, else
-    /// Later or Failed; `count` tells how many it took in any case.
+    /// WouldBlock or Failed; `count` tells how many it took in any case.
     Transfer send(std::string_view bytes);
 
     /// Appends what has arrived, a limited piece at a time.
@@ -53,7 +53,7 @@ class SystemSocket {
     /// Waits until there is something to receive, the other side's end and a broken connection
     /// included, or room for sending if so wanted; no longer than this many milliseconds. True when
     /// there is.
-    bool wait(bool forRoom, int longest);
+    bool wait(bool forRoom, int timeout);
 
     void close();
 

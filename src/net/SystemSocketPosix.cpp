@@ -23,7 +23,7 @@ int lastSocketError() {
     return errno;
 }
 
-bool isUnderWay(int error) {
+bool isInProgress(int error) {
     return error == EAGAIN || error == EINPROGRESS;
 }
 
@@ -36,8 +36,8 @@ void closeSocket(SocketHandle handle) {
     close(handle);
 }
 
-int pollSocket(pollfd& polled, int longest) {
-    return poll(&polled, 1, longest);
+int pollSocket(pollfd& polled, int timeout) {
+    return poll(&polled, 1, timeout);
 }
 
 int winsockNumber(int error) {

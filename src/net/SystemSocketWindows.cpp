@@ -21,7 +21,7 @@ int lastSocketError() {
     return WSAGetLastError();
 }
 
-bool isUnderWay(int error) {
+bool isInProgress(int error) {
     return error == WSAEWOULDBLOCK;
 }
 
@@ -34,8 +34,8 @@ void closeSocket(SocketHandle handle) {
     closesocket(handle);
 }
 
-int pollSocket(pollfd& polled, int longest) {
-    return WSAPoll(&polled, 1, longest);
+int pollSocket(pollfd& polled, int timeout) {
+    return WSAPoll(&polled, 1, timeout);
 }
 
 int winsockNumber(int error) {

@@ -24,6 +24,10 @@ struct GameDetails {
     std::int16_t GameYear = unsetGameYear;
     std::array<PlayerSlot, rowCount> rows;
 
+    /// `index` is 0 to 15.
+    PlayerSlot& row(int index) { return rows.at(static_cast<size_t>(index)); }
+    const PlayerSlot& row(int index) const { return rows.at(static_cast<size_t>(index)); }
+
     bool operator==(const GameDetails&) const = default;
 };
 

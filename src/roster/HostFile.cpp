@@ -44,7 +44,7 @@ void chooseHostFile(GameDetails& game, const std::string& folder, const std::str
     game.GamePath = withSeparator(folder);
     game.GameYear = year;
     for (int i = 0; i < rowCount; ++i) {
-        PlayerSlot& row = game.rows[static_cast<size_t>(i)];
+        PlayerSlot& row = game.row(i);
         const std::string turnFile = turnFileName(hostFileName, i);
         row.Shown = findFile(game.GamePath + turnFile).has_value();
         if (row.Shown) {

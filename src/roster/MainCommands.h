@@ -27,7 +27,7 @@ class MainCommands {
 
     virtual void butSend_Click() = 0;
     /// The step of a send, for the button that nobody sees.
-    virtual void butSend2_Click() = 0;
+    virtual void takeSendStep() = 0;
     /// `parentWindow` is the main window's native id (WId, HWND).
     virtual void sendByMailSystem(std::uintptr_t parentWindow) = 0;
 

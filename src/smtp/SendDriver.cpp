@@ -34,7 +34,7 @@ void SendDriver::butSend_Click() {
         return;
     }
     if (const auto fault = addressFault(settings.HostEmail, Transport::Smtp)) {
-        box.show(messages::ownAddressUnsendable(*fault));
+        box.show(messages::ownAddressUnsendable(fault->words));
         return;
     }
     display.showBreak({});
@@ -62,13 +62,13 @@ void SendDriver::butSend2_Click() {
     // Only a step without a send before it has no address: a button that nobody sees can be pressed
     // by a program.
     if (const auto address = parseServerAddress(state.ServerAddress)) {
-        state.SmtpState = 0;
+        state.SmtpState = LastSent::Nothing;
         socket.Connect(address->host, address->port);
     }
 }
 
 void SendDriver::showRowReached() {
-    if (inputs.game.rows[static_cast<size_t>(state.SendCursor)].IncludePlayer != 1) {
+    if (inputs.game.row(state.SendCursor).IncludePlayer != 1) {
         return;
     }
     ++state.ReachedCount;
@@ -85,7 +85,7 @@ bool SendDriver::prepareRow() {
         state.AttachmentText = std::move(state.AttachmentText) + (UUEncode(path) + "\r\n");
     };
     const auto message = applyRowRules(inputs, state.SendCursor, Transport::Smtp, attach,
-                                       report[static_cast<size_t>(state.SendCursor)]);
+                                       report.line(state.SendCursor));
     if (!message) {
         std::string().swap(state.AttachmentText);
         return false;
@@ -97,7 +97,7 @@ bool SendDriver::prepareRow() {
 
 void SendDriver::abandon() {
     socket.Close();
-    state.SmtpState = 6;
+    state.SmtpState = LastSent::Quit;
 }
 
 } // namespace turnpost

@@ -8,7 +8,7 @@
 
 namespace turnpost {
 
-inline constexpr std::chrono::seconds longestSilence{60};
+inline constexpr std::chrono::seconds silenceTimeout{60};
 
 /// Sends the turn by SMTP: walks the 16 rows one at a time, one connection for each message. A
 /// chain of steps driven by the socket's events; nothing here waits.
@@ -33,8 +33,8 @@ class SendDriver {
     void abandon();
 
     /// True while a connection is being made or is open, unless the server has said nothing for
-    /// longestSilence: such a send may never end by itself.
-    bool isSending() const { return socket.isOpen() && socket.silence() < longestSilence; }
+    /// silenceTimeout: such a send may never end by itself.
+    bool isSending() const { return socket.isOpen() && socket.silence() < silenceTimeout; }
 
     SendState& sendState() { return state; }
 

@@ -9,8 +9,6 @@ namespace turnpost {
 
 namespace {
 
-constexpr int abandoned = 6;
-
 bool isAccepted(const std::string& reply) {
     const std::string code = reply.substr(0, 3);
     return code == "220" || code == "250" || code == "354";
@@ -21,10 +19,9 @@ bool isAccepted(const std::string& reply) {
 SmtpSession::SmtpSession(Socket& usedSocket, SendState& sendState, const Settings& shownSettings,
                          const GameDetails& shownGame, SendReport& sendReport,
                          SendDisplay& sendDisplay, MessageBox& messageBox,
-                         std::function<void()> nextStep)
+                         std::function<void()> stepOfDriver)
     : socket(usedSocket), state(sendState), settings(shownSettings), game(shownGame),
-      report(sendReport), display(sendDisplay), box(messageBox),
-      butSend2_Click(std::move(nextStep)) {
+      report(sendReport), display(sendDisplay), box(messageBox), nextStep(std::move(stepOfDriver)) {
     socket.setEvents(this);
 }
 
@@ -38,63 +35,68 @@ void SmtpSession::DataArrival() {
         takeNextStep();
         return;
     }
-    report[static_cast<size_t>(state.SendCursor)] = messages::smtpError(fromWireBytes(reply));
-    butSend2_Click();
+    report.line(state.SendCursor) = messages::smtpError(fromWireBytes(reply));
+    nextStep();
 }
 
 void SmtpSession::takeNextStep() {
     // Read now, not when the row began: what the host corrects meanwhile reaches the next line.
-    const PlayerSlot& player = game.rows[static_cast<size_t>(state.SendCursor)];
-    if (state.SmtpState < 0 || state.SmtpState >= abandoned) {
+    const PlayerSlot& player = game.row(state.SendCursor);
+    if (const auto refusal = checkAddresses(player)) {
+        report.line(state.SendCursor) = refusal->words;
+        nextStep();
         return;
     }
-    if (const auto finding = findingForNextStep(player)) {
-        report[static_cast<size_t>(state.SendCursor)] = *finding;
-        butSend2_Click();
-        return;
-    }
-    ++state.SmtpState;
+    // The state is that of the line about to be sent before it goes out.
     switch (state.SmtpState) {
-    case 1:
+    case LastSent::Nothing:
+        state.SmtpState = LastSent::Helo;
         socket.SendData(heloLine(settings));
         break;
-    case 2:
+    case LastSent::Helo:
+        state.SmtpState = LastSent::MailFrom;
         socket.SendData(mailLine(settings));
         break;
-    case 3:
+    case LastSent::MailFrom:
+        state.SmtpState = LastSent::RcptTo;
         socket.SendData(recipientLine(player));
         break;
-    case 4:
+    case LastSent::RcptTo:
+        state.SmtpState = LastSent::Data;
         socket.SendData("DATA\r\n");
         break;
-    case 5:
+    case LastSent::Data:
+        state.SmtpState = LastSent::MessageText;
         sendMessage(player);
         break;
-    default:
+    case LastSent::MessageText:
+        state.SmtpState = LastSent::Quit;
         // The message is accepted; what the server says to QUIT changes nothing (RFC
         // 5321, 4.1.1.10).
         socket.SendData("QUIT\r\n");
-        // After a greeting in two arrivals every reply answers the command before; much of the
+        // If the greeting came in two pieces, the replies are one step ahead of us and much of the
         // message may still be queued.
         socket.CloseWhenSent();
-        report[static_cast<size_t>(state.SendCursor)] = messages::emailSent();
-        butSend2_Click();
+        report.line(state.SendCursor) = messages::emailSent();
+        nextStep();
+        break;
+    case LastSent::Quit:
+        break;
     }
 }
 
-// What is wrong with an address that the next part names: it may have changed since the row began.
-std::optional<std::string> SmtpSession::findingForNextStep(const PlayerSlot& player) const {
-    const int sent = state.SmtpState;
-    const bool namesHost = sent == 0 || sent == 1 || sent == 4;
-    const bool namesPlayer = sent == 2 || sent == 4;
-    if (namesHost) {
+// An address that the next line names may have changed since the row began.
+std::optional<Refusal> SmtpSession::checkAddresses(const PlayerSlot& player) const {
+    const LastSent sent = state.SmtpState;
+    const bool messageIsNext = sent == LastSent::Data;
+    if (sent == LastSent::Nothing || sent == LastSent::Helo || messageIsNext) {
         if (const auto fault = addressFault(settings.HostEmail, Transport::Smtp)) {
-            return messages::ownAddressUnsendable(*fault);
+            return Refusal{messages::ownAddressUnsendable(fault->words)};
         }
     }
-    if (namesPlayer) {
+    if (sent == LastSent::MailFrom || messageIsNext) {
         if (const auto fault = addressFault(player.PlayerEmail, Transport::Smtp)) {
-            return messages::addressUnsendable(*fault);
+            return Refusal{messages::addressUnsendable(fault->words)};
         }
     }
     return std::nullopt;
@@ -110,7 +112,7 @@ void SmtpSession::sendMessage(const PlayerSlot& player) {
 
 void SmtpSession::Error(int number, const std::string& description) {
     box.show(messages::socketError(number, description));
-    state.SmtpState = abandoned;
+    state.SmtpState = LastSent::Quit;
     socket.Close();
     display.showBreak(linesAfterBreak(report, state.SendCursor));
 }

@@ -7,6 +7,7 @@
 #include "net/Socket.h"
 #include "roster/GameDetails.h"
 #include "storage/Settings.h"
+#include "text/Refusal.h"
 
 #include <functional>
 #include <optional>
@@ -20,10 +21,10 @@ namespace turnpost {
 /// that falls silent leaves the send waiting.
 class SmtpSession final : public SocketEvents {
   public:
-    /// `nextStep` is the driver's butSend2_Click. All references must outlive the session.
+    /// `stepOfDriver` is its butSend2_Click. All references must outlive the session.
     SmtpSession(Socket& usedSocket, SendState& sendState, const Settings& shownSettings,
                 const GameDetails& shownGame, SendReport& sendReport, SendDisplay& sendDisplay,
-                MessageBox& messageBox, std::function<void()> nextStep);
+                MessageBox& messageBox, std::function<void()> stepOfDriver);
 
     /// Takes everything waiting as one reply. Any of the codes 220, 250 and 354 is accepted in any
     /// state and sends the next part; any other reply, a fragment of a code included, ends the
@@ -37,7 +38,7 @@ class SmtpSession final : public SocketEvents {
 
   private:
     void takeNextStep();
-    std::optional<std::string> findingForNextStep(const PlayerSlot& player) const;
+    std::optional<Refusal> checkAddresses(const PlayerSlot& player) const;
     void sendMessage(const PlayerSlot& player);
 
     Socket& socket;
@@ -47,7 +48,7 @@ class SmtpSession final : public SocketEvents {
     SendReport& report;
     SendDisplay& display;
     MessageBox& box;
-    std::function<void()> butSend2_Click;
+    std::function<void()> nextStep;
 };
 
 } // namespace turnpost

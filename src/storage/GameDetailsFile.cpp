@@ -29,7 +29,7 @@ constexpr std::array<LineLayout, headValues + rowCount> layout = [] {
 }();
 
 // Fills the content from 101 values; says what is wrong with them.
-std::string take(const QuotedValues& values, GameFileContent& content) {
+std::optional<Refusal> take(const QuotedValues& values, GameFileContent& content) {
     GameDetails& game = content.game;
     game.GameName = values[0].text;
     game.GamePath = values[1].text;
@@ -41,7 +41,7 @@ std::string take(const QuotedValues& values, GameFileContent& content) {
         const auto shown = value[0].number();
         const auto include = value[1].number();
         if (!shown || !include) {
-            return messages::flagIsNoNumber(static_cast<int>(i));
+            return Refusal{messages::flagIsNoNumber(static_cast<int>(i))};
         }
         PlayerSlot& row = game.rows[i];
         row.Shown = *shown == 1;
@@ -51,7 +51,7 @@ std::string take(const QuotedValues& values, GameFileContent& content) {
         row.AltEmail = value[4].text;
         row.GameFile = value[5].text;
     }
-    return {};
+    return std::nullopt;
 }
 
 // The line behind the body: the one place where the line before it ends a text and this and the
@@ -95,16 +95,17 @@ std::string withoutEnd(const std::string& name, size_t length) {
 GameFileReading parseGameDetails(std::string_view text) {
     GameFileReading reading;
     if (text.find('\0') != std::string_view::npos) {
-        reading.damage = messages::notWholeGameFile();
+        reading.damage = Refusal{messages::notWholeGameFile()};
         return reading;
     }
     const QuotedReading inOrder = readInOrder(text, layout);
     const bool all = inOrder.values.size() == valueCount;
-    reading.damage = all ? take(inOrder.values, reading.content) : messages::notWholeGameFile();
-    if (reading.damage.empty() && !inOrder.whole) {
-        reading.damage = messages::severalWaysToRead();
+    reading.damage =
+        all ? take(inOrder.values, reading.content) : Refusal{messages::notWholeGameFile()};
+    if (!reading.damage && !inOrder.whole) {
+        reading.damage = Refusal{messages::severalWaysToRead()};
     }
-    if (!reading.damage.empty()) {
+    if (reading.damage) {
         const QuotedValues values = valuesByLines(text);
         if (values.size() == valueCount) {
             reading.damage = take(values, reading.content);
@@ -118,9 +119,9 @@ GameFileReading parseGameDetails(std::string_view text) {
 }
 
 GameFileReading readGameDetails(const std::string& path) {
-    const std::string bytes = readFile(path, mostOwnFileBytes + 1);
-    if (bytes.size() > mostOwnFileBytes) {
-        return {{}, messages::ownFileTooLarge()};
+    const std::string bytes = readFile(path, maxOwnFileBytes + 1);
+    if (bytes.size() > maxOwnFileBytes) {
+        return {{}, Refusal{messages::ownFileTooLarge()}};
     }
     return parseGameDetails(fromFileBytes(bytes));
 }
@@ -147,12 +148,11 @@ void writeGameDetails(const std::string& path, const GameDetails& game,
     writeOwnFile(path, printGameDetails(game, message));
 }
 
-bool comesBack(const GameDetails& game, const MessageTemplate& message) {
+bool survivesRoundTrip(const GameDetails& game, const MessageTemplate& message) {
     GameFileReading reading =
         parseGameDetails(fromFileBytes(toFileBytes(printGameDetails(game, message))));
     reading.content.game.GameYear = game.GameYear;
-    return reading.damage.empty() && reading.content.game == game &&
-           reading.content.message == message;
+    return !reading.damage && reading.content.game == game && reading.content.message == message;
 }
 
 std::string storedGameFile(const GameDetails& game) {

@@ -2,7 +2,9 @@
 
 #include "compose/MessageTemplate.h"
 #include "roster/GameDetails.h"
+#include "text/Refusal.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,10 +16,10 @@ struct GameFileContent {
     MessageTemplate message;
 };
 
-/// Content of a game details file, or what is wrong with it, in words for a person.
+/// Content of a game details file, or what is wrong with it.
 struct GameFileReading {
     GameFileContent content;
-    std::string damage;
+    std::optional<Refusal> damage;
 };
 
 /// Reads the 101 values of a game details file (UTF-8, line ends CR LF or LF); what follows them is
@@ -34,23 +36,23 @@ struct GameFileReading {
 ///   double quote, gives damage, or moves values where no reader could tell. The window's boxes
 ///   hold no line breaks;
 /// - a NUL anywhere gives damage: nobody types one, and the system's paths end at it.
-/// comesBack() finds such a game before it is trusted to its file.
+/// survivesRoundTrip() finds such a game before it is trusted to its file.
 GameFileReading parseGameDetails(std::string_view text);
 
-/// Reads a file. One above mostOwnFileBytes is damaged. Throws FileError when it cannot be read.
+/// Reads a file. One above maxOwnFileBytes is damaged. Throws FileError when it cannot be read.
 GameFileReading readGameDetails(const std::string& path);
 
 /// The 21 lines of a game details file (UTF-8, CR LF).
 std::string printGameDetails(const GameDetails& game, const MessageTemplate& message);
 
 /// Replaces the game's details file. Throws FileError, also when it would be above
-/// mostOwnFileBytes; the old file is then as it was.
+/// maxOwnFileBytes; the old file is then as it was.
 void writeGameDetails(const std::string& path, const GameDetails& game,
                       const MessageTemplate& message);
 
 /// True when the file written for this game is read back with every text as it is now. False for
 /// texts that the format, or the system's code page, cannot keep.
-bool comesBack(const GameDetails& game, const MessageTemplate& message);
+bool survivesRoundTrip(const GameDetails& game, const MessageTemplate& message);
 
 /// Full path of the game's details file: the game's folder and the second row's turn file without
 /// its last three characters, or, when that is shorter, storedGameFile's name.

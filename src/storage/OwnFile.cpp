@@ -13,7 +13,7 @@ void writeOwnFile(const std::string& path, const std::string& text) {
         throw FileError(path, messages::ownFileNotUtf8());
     }
     const std::string bytes = toFileBytes(text);
-    if (bytes.size() > mostOwnFileBytes) {
+    if (bytes.size() > maxOwnFileBytes) {
         throw FileError(path, messages::ownFileWouldBeTooLarge());
     }
     replaceFile(path, bytes);

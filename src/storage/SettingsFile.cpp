@@ -61,7 +61,7 @@ std::string printSettings(const Settings& settings) {
     return text + quotedText(settings.DefaultGameFile) + lineEnd;
 }
 
-bool comesBack(const Settings& settings) {
+bool survivesRoundTrip(const Settings& settings) {
     const SettingsReading reading =
         parseSettings(fromFileBytes(toFileBytes(printSettings(settings))));
     return !reading.damaged && reading.settings == settings;
@@ -83,8 +83,8 @@ SettingsFile::Outcome SettingsFile::read(Settings& settings) {
         return Outcome::Missing;
     }
     keepDamaged = true;
-    std::string bytes = readFile(filePath, mostOwnFileBytes + 1);
-    const bool tooLarge = bytes.size() > mostOwnFileBytes;
+    std::string bytes = readFile(filePath, maxOwnFileBytes + 1);
+    const bool tooLarge = bytes.size() > maxOwnFileBytes;
     if (tooLarge) {
         // Not inside a character.
         bytes.resize(bytes.rfind('\n') + 1);

@@ -19,7 +19,7 @@ struct SettingsReading {
 /// exactly, commas and line breaks included. Texts that hold double quotes come back by the file's
 /// lines: only a stored game's line that holds `","` in several places cannot be divided, and makes
 /// the file damaged. So does a NUL anywhere, which nobody types. In a file in which one text holds
-/// a double quote and one a line break, values may move; comesBack() tells.
+/// a double quote and one a line break, values may move; survivesRoundTrip() tells.
 SettingsReading parseSettings(std::string_view text);
 
 /// The 8 lines of a settings file (UTF-8, CR LF).
@@ -27,7 +27,7 @@ std::string printSettings(const Settings& settings);
 
 /// True when the file written for these settings is read back with every text as it is now. False
 /// for texts that the format, or the system's code page, cannot keep.
-bool comesBack(const Settings& settings);
+bool survivesRoundTrip(const Settings& settings);
 
 /// TURNPOST.INI: in the program's folder when it is there already or can be made there, else in the
 /// person's configuration folder. A folder called bin is one of many programs, where none may leave
@@ -42,7 +42,7 @@ class SettingsFile {
 
     /// Reads the file into `settings`; a missing one gives the start values. Throws FileError when
     /// there is a file that cannot be read; `settings` are the start values then too. One above
-    /// mostOwnFileBytes is damaged.
+    /// maxOwnFileBytes is damaged.
     Outcome read(Settings& settings);
 
     /// Where a copy of a damaged file goes: TURNPOST.BAD beside it, or with the next number that is

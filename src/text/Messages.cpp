@@ -19,10 +19,10 @@ std::string join(std::string_view first, std::string_view second, std::string_vi
 }
 
 // What of a reason a person can take in, and a box can hold.
-constexpr size_t mostCharacters = 500;
+constexpr size_t maxCharacters = 500;
 
 std::string shown(std::string_view reason) {
-    return shortened(reason, mostCharacters);
+    return shortened(reason, maxCharacters);
 }
 
 // Paths may come from two systems, and be put together of both.
@@ -158,7 +158,7 @@ std::string settingsDamaged(std::string_view path, std::string_view copy) {
              copy, "."));
 }
 
-std::string willNotComeBack(std::string_view path) {
+std::string doesNotSurviveRoundTrip(std::string_view path) {
     return fileBox(
         "Not all of this can be read back from ", path,
         "Please take the double quotes out of names and addresses, and characters that this "

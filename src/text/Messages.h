@@ -18,7 +18,7 @@ std::string cannotRead(std::string_view path, std::string_view reason);
 std::string cannotWrite(std::string_view path, std::string_view reason);
 /// `copy` is the name under which the damaged file is kept.
 std::string settingsDamaged(std::string_view path, std::string_view copy);
-std::string willNotComeBack(std::string_view path);
+std::string doesNotSurviveRoundTrip(std::string_view path);
 std::string hostFileUnusable(std::string_view path, std::string_view reason);
 std::string noMailSystem();
 std::string sendInProgress();

@@ -47,10 +47,10 @@ std::string withCrLf(std::string_view text) {
     return replaceLineBreaks(text, "\r\n");
 }
 
-std::string shortened(std::string_view text, size_t most) {
+std::string shortened(std::string_view text, size_t maxLength) {
     const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
     const auto length = static_cast<size_t>(std::count_if(text.begin(), text.end(), begins));
-    if (length <= most) {
+    if (length <= maxLength) {
         return std::string(text);
     }
     // Where the character with this index begins.
@@ -64,9 +64,9 @@ std::string shortened(std::string_view text, size_t most) {
         }
         return position;
     };
-    return std::string(text.substr(0, place(most / 2)))
+    return std::string(text.substr(0, place(maxLength / 2)))
         .append("...")
-        .append(text.substr(place(length - most / 2)));
+        .append(text.substr(place(length - maxLength / 2)));
 }
 
 std::string foldCase(std::string_view text) {

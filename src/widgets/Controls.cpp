@@ -50,17 +50,17 @@ void CaptionCheckBox::paintEvent(QPaintEvent*) {
     }
 }
 
-bool CuttingComboBox::event(QEvent* event) {
+bool ElidingComboBox::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) {
         return QComboBox::event(event);
     }
     const QPoint place = static_cast<QHelpEvent*>(event)->globalPos();
-    QToolTip::showText(place, cutText() == currentText() ? QString() : plainTip(currentText()),
+    QToolTip::showText(place, shownText() == currentText() ? QString() : plainTip(currentText()),
                        this);
     return true;
 }
 
-QString CuttingComboBox::cutText() const {
+QString ElidingComboBox::shownText() const {
     QStyleOptionComboBox option;
     initStyleOption(&option);
     const QRect field =
@@ -68,10 +68,10 @@ QString CuttingComboBox::cutText() const {
     return fontMetrics().elidedText(currentText(), Qt::ElideMiddle, field.width() - 4);
 }
 
-void CuttingComboBox::paintEvent(QPaintEvent*) {
+void ElidingComboBox::paintEvent(QPaintEvent*) {
     QStyleOptionComboBox option;
     initStyleOption(&option);
-    option.currentText = cutText();
+    option.currentText = shownText();
     QStylePainter painter(this);
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);

@@ -28,16 +28,16 @@ class CaptionCheckBox final : public QCheckBox {
 
 /// A drop-down list that cuts its text with "…" in the middle when it is too long, and shows it
 /// whole in a tip; the toolkit's own clips it.
-class CuttingComboBox final : public QComboBox {
+class ElidingComboBox final : public QComboBox {
   public:
-    explicit CuttingComboBox(QWidget* parent) : QComboBox(parent) {}
+    explicit ElidingComboBox(QWidget* parent) : QComboBox(parent) {}
 
   protected:
     void paintEvent(QPaintEvent* event) override;
     bool event(QEvent* event) override;
 
   private:
-    QString cutText() const;
+    QString shownText() const;
 };
 
 /// A tip with this text, plain whatever it holds, with its own line breaks (LF) and one after each

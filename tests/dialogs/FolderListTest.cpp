@@ -64,14 +64,14 @@ TEST(FolderList, AFolderOrFileWhoseNameNoGameFileCanHoldSaysSoAndIsNeverEntered)
     std::string reasons;
     const FolderList list = listFolder(temp.path(), "*.hst").value();
     for (const FileLine& file : list.files) {
-        reasons += file.name + ": " + file.unusable + "\n";
+        reasons += file.name + ": " + (file.unusable ? file.unusable->words : "") + "\n";
     }
     const std::string rename = ", so a game file cannot hold it. Rename it to use it here.\n";
     const std::string breaks = ": This name holds a line break" + rename;
     const std::string bytes = "This name is not valid UTF-8" + rename;
     EXPECT_EQ(reasons, "a\nb.hst" + breaks + "a\u2028b.hst" + breaks + "tab\t\"&.hst: \n" +
                            "Zoë.hst: \nZo\xEB.hst: " + bytes);
-    EXPECT_EQ(list.lines.back().unusable + "\n", bytes);
+    EXPECT_EQ(list.lines.back().unusable.value().words + "\n", bytes);
     EXPECT_FALSE(listFolder(list.lines.back().path, "*.*"));
     EXPECT_EQ(listNearestFolder(temp.path("Zo\xEB/deep"), "*.*")->folder(), temp.path());
 }

@@ -17,7 +17,7 @@ class FakeMail final : public MailSession, public ComposedMessage {
     explicit FakeMail(Record& record) : calls(record) {}
 
     long openSession = 42;
-    std::function<std::optional<std::string>()> inSend = [] { return std::nullopt; };
+    std::function<std::optional<Refusal>()> inSend = [] { return std::nullopt; };
 
     void NewSession(bool wanted) override { note("NewSession", wanted); }
     void LogonUI(bool wanted) override { note("LogonUI", wanted); }
@@ -29,7 +29,7 @@ class FakeMail final : public MailSession, public ComposedMessage {
     long SessionID() const override { return openSession; }
     void SignOff() override { calls.emplace_back("SignOff"); }
 
-    std::optional<std::string> Send() override {
+    std::optional<Refusal> Send() override {
         note("Send", sessionId);
         calls.push_back(subject + "|" + noteText);
         for (const MailAttachment& file : attachments) {

@@ -23,7 +23,7 @@ class FileReplace : public testing::Test {
     // Why the file could not be replaced; empty when it was.
     std::string failure(const std::string& name, const std::string& bytes = "new") const {
         try {
-            replaceFile(temp.path(name), bytes, patience);
+            replaceFile(temp.path(name), bytes, limits);
         } catch (const FileError& error) {
             EXPECT_EQ(error.path(), temp.path(name));
             EXPECT_TRUE(isUtf8(error.reason())) << error.reason();
@@ -49,7 +49,7 @@ class FileReplace : public testing::Test {
 #endif
     }
 
-    Patience patience{std::chrono::milliseconds(0), nullptr};
+    RetryLimits limits{std::chrono::milliseconds(0), nullptr};
     TempFolder temp;
 };
 
@@ -122,7 +122,7 @@ TEST_F(FileReplace, MarksAndPermissionsStayAndAnotherProgramsHoldIsSatOutOrNamed
     EXPECT_EQ(temp.read("A"), "old");
     EXPECT_EQ(temp.names(), Names({"A"}));
     // Let go only when the save has met it.
-    patience = {Patience().longest, [&held] { held.close(); }};
+    limits = {RetryLimits().timeout, [&held] { held.close(); }};
     EXPECT_EQ(failure("A"), "");
     EXPECT_EQ(temp.read("A"), "new");
     EXPECT_EQ(GetFileAttributesW(file.c_str()) & marks, marks);

@@ -63,7 +63,7 @@ TEST_F(Files, AreReadWholeWithEveryByteOrCutAtTheLimit) {
     for (const size_t limit : {std::string::npos, size_t{0}, size_t{14}, size_t{20000}}) {
         EXPECT_EQ(readFile(temp.path("A"), limit), bytes.substr(0, limit));
     }
-    std::filesystem::resize_file(toNativePath(temp.path("A")), mostFileBytes + 1);
+    std::filesystem::resize_file(toNativePath(temp.path("A")), maxFileBytes + 1);
     EXPECT_THROW(readFile(temp.path("A")), FileError);
     EXPECT_EQ(readFile(temp.path("A"), 14), bytes.substr(0, 14));
 }

@@ -20,7 +20,7 @@ TEST_F(MailDeliveries, EveryRowIsSentWithAllOfItAndNothingOfAnotherOrNotAtAllAnd
     attachments = {1, 0, {"", extra, ""}};
     mail.inSend = [&] {
         const bool refused = calls.back() == "Address no@x.org";
-        return refused ? std::optional<std::string>("no such user") : std::nullopt;
+        return refused ? std::optional(Refusal{"no such user"}) : std::nullopt;
     };
     report.fill("earlier");
     deliver(mail, mail);

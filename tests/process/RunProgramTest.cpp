@@ -20,9 +20,9 @@ using std::chrono::milliseconds;
 class RunProgram : public testing::Test {
   protected:
     static ProgramEnd shell(const std::string& script, const std::string& input = "",
-                            int longest = 20000) {
+                            int timeout = 20000) {
         return runProgram("/bin/sh", {"-c", script, "sh", "a  b", "$HOME", "", "*", "'; exit 9"},
-                          input, milliseconds(longest));
+                          input, milliseconds(timeout));
     }
 
     static void expectEnd(const ProgramEnd& end, Kind kind, int number) {

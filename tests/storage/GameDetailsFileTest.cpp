@@ -18,14 +18,16 @@ class GameDetailsFiles : public testing::Test {
 
     void expectReads(const std::string& text) const {
         const GameFileReading reading = parseGameDetails(text);
-        EXPECT_EQ(reading.damage, "") << text;
+        EXPECT_FALSE(reading.damage) << text;
         EXPECT_TRUE(reading.content.game == game && reading.content.message == message) << text;
     }
 
     // What is wrong with the sample's file when `from` is replaced in it.
     std::string damageBy(const std::string& from, const std::string& to) const {
         std::string text = print();
-        return parseGameDetails(text.replace(text.find(from), from.size(), to)).damage;
+        return parseGameDetails(text.replace(text.find(from), from.size(), to))
+            .damage.value_or(Refusal())
+            .words;
     }
 
     GameDetails game{"Spring Cup", "C:\\Stars\\Cup\\", "CUP.HST", 9999, {}};
@@ -66,7 +68,7 @@ TEST_F(GameDetailsFiles, CutAtAnyByteAreNeverTakenForWhole) {
         game.rows[15].PlayerName = oneLine(text);
         const std::string whole = print();
         for (size_t length = 0; length < whole.size() - 2; ++length) {
-            EXPECT_NE(parseGameDetails(whole.substr(0, length)).damage, "") << length;
+            EXPECT_TRUE(parseGameDetails(whole.substr(0, length)).damage) << length;
         }
         expectReads(whole.substr(0, whole.size() - 2));
     }
@@ -89,7 +91,7 @@ TEST_F(GameDetailsFiles, WhatIsWrongIsSaid) {
     game.rows[15].PlayerName = "\",\"";
     EXPECT_EQ(damageBy("", ""), "Its double quotes leave several ways to read it");
     // A million values take neither minutes nor all of the memory.
-    EXPECT_EQ(parseGameDetails(std::string(1U << 20U, '\n')).damage, noNumber);
+    EXPECT_EQ(parseGameDetails(std::string(1U << 20U, '\n')).damage, Refusal{noNumber});
 }
 
 } // namespace turnpost

@@ -15,7 +15,7 @@
 namespace turnpost::automation {
 
 /// Open file descriptors of the process; on Windows its handles.
-inline std::size_t openDescriptors() {
+inline size_t openDescriptors() {
 #ifdef _WIN32
     DWORD count = 0;
     GetProcessHandleCount(GetCurrentProcess(), &count);
@@ -23,13 +23,13 @@ inline std::size_t openDescriptors() {
 #else
     const std::filesystem::directory_iterator all("/proc/self/fd");
     // One of them reads the folder.
-    return static_cast<std::size_t>(std::distance(begin(all), end(all))) - 1;
+    return static_cast<size_t>(std::distance(begin(all), end(all))) - 1;
 #endif
 }
 
 /// The bytes that the process has allocated. Stands still under the sanitizers, which have a heap
 /// of their own, and on Windows.
-inline std::size_t heapBytes() {
+inline size_t heapBytes() {
 #ifdef _WIN32
     return 0;
 #else
@@ -40,14 +40,13 @@ inline std::size_t heapBytes() {
 
 /// Compares the lowest of the first and of the last quarter of the figures and prints both. Fails
 /// the test when they grew by more than the slack.
-inline void expectFlat(const char* what, const std::vector<std::size_t>& figures,
-                       std::size_t slack) {
+inline void expectFlat(const char* what, const std::vector<size_t>& figures, size_t slack) {
     if (figures.empty()) {
         return;
     }
     const auto quarter = std::max<std::ptrdiff_t>(std::ssize(figures) / 4, 1);
-    const std::size_t first = *std::min_element(figures.begin(), figures.begin() + quarter);
-    const std::size_t last = *std::min_element(figures.end() - quarter, figures.end());
+    const size_t first = *std::min_element(figures.begin(), figures.begin() + quarter);
+    const size_t last = *std::min_element(figures.end() - quarter, figures.end());
     std::cout << what << ": " << first << " at first, " << last << " at last\n";
     EXPECT_LE(last, first + slack) << what;
 }

@@ -11,7 +11,7 @@ namespace turnpost::automation {
 namespace {
 
 constexpr int tick = 5;           // milliseconds
-constexpr int longestOpen = 4000; // ticks
+constexpr int openTimeout = 4000; // ticks
 
 } // namespace
 
@@ -64,7 +64,7 @@ void ModalWatcher::look() {
     if (known) {
         ticksOpen = modal == current ? ticksOpen + 1 : 0;
         current = modal;
-        if (ticksOpen > longestOpen) {
+        if (ticksOpen > openTimeout) {
             seenFaults.push_back("left open: " + modal->objectName().toStdString());
             modal->close();
         }

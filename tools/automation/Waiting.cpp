@@ -6,8 +6,8 @@
 
 namespace turnpost::automation {
 
-bool waitUntil(const std::function<bool()>& condition, int longest) {
-    const QDeadlineTimer deadline(longest);
+bool waitUntil(const std::function<bool()>& condition, int timeout) {
+    const QDeadlineTimer deadline(timeout);
     // Wakes the loop, so that conditions outside of it (files, processes) are seen too.
     QTimer tick;
     tick.start(5);

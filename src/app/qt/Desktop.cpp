@@ -11,9 +11,9 @@
 #include "smtp/qt/frmProgRept.h"
 #include "text/Version.h"
 #include "text/qt/QtText.h"
+#include "widgets/Accessibility.h"
 #include "widgets/ClearFrames.h"
 #include "widgets/QtMessageBox.h"
-#include "widgets/ScreenReading.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -39,7 +39,7 @@ void Desktop::prepareToolkit() {
     QApplication::setApplicationName(applicationTitle);
     QApplication::setDesktopFileName("net.nimbusturnpost.Turnpost");
     // The layouts are exact to the pixel; other styles' margins would clip captions.
-    prepareScreenReading();
+    installAccessibility();
     QApplication::setStyle(new ClearFrames);
     QApplication::setQuitOnLastWindowClosed(false);
     // No window shows the largest one, which takes as long to unpack as all others together.

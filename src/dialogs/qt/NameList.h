@@ -33,7 +33,7 @@ class NameList final : public QListView {
     int selectedLine() const;
 
     /// Where names are cut: files keep their extension in sight.
-    void cutInTheMiddle() { setTextElideMode(Qt::ElideMiddle); }
+    void elideInTheMiddle() { setTextElideMode(Qt::ElideMiddle); }
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

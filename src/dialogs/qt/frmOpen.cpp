@@ -40,6 +40,10 @@ QString shownName(const std::string& name) {
     return toQt(oneLine(name));
 }
 
+QString reasonOf(const std::optional<Refusal>& refusal) {
+    return refusal ? toQt(refusal->words) : QString();
+}
+
 QIcon folderIcon(const QStyle& style, QStyle::StandardPixmap which) {
     QIcon icon = style.standardIcon(which);
     // Tinted for the highlight, an open folder would look like a closed one.
@@ -67,7 +71,7 @@ frmOpen::frmOpen(QWidget* parent, const FilePicker& request, const std::string& 
 
 void frmOpen::addControls(const std::string& prompt) {
     addLabel("txtOpenMessage", toQt(prompt), twipsRect(240, 60, 5415, 315));
-    Drive1 = new CuttingComboBox(client());
+    Drive1 = new ElidingComboBox(client());
     Drive1->setObjectName("Drive1");
     Drive1->setAccessibleName("Drive");
     // Screen readers of some systems take the chosen text for the name.
@@ -77,7 +81,7 @@ void frmOpen::addControls(const std::string& prompt) {
     Dir1->setGeometry(twipsRect(240, 900, 2775, 3690));
     File1 = new NameList(client(), "File1", "File");
     File1->setGeometry(twipsRect(3120, 420, 2535, 4185));
-    File1->cutInTheMiddle();
+    File1->elideInTheMiddle();
     butLoad = addButton("butLoad", "Load", twipsRect(5880, 240, 1215, 495));
     QPushButton* butCancel = addButton("butCancel", "Cancel", twipsRect(5880, 840, 1215, 495));
     LoadDef = new CaptionCheckBox("Load as Default?", client());
@@ -114,7 +118,7 @@ void frmOpen::showFolder(std::optional<FolderList> folder) {
         const bool isCurrent = i == shown.current;
         lines.push_back({shownName(shown.lines[i].name), isCurrent ? open : closed,
                          static_cast<int>(std::min(i, shown.current + 1)),
-                         isCurrent ? "open folder" : QString(), toQt(shown.lines[i].unusable)});
+                         isCurrent ? "open folder" : QString(), reasonOf(shown.lines[i].unusable)});
     }
     Dir1->setLines(std::move(lines));
     if (!shown.lines.empty()) {
@@ -122,7 +126,7 @@ void frmOpen::showFolder(std::optional<FolderList> folder) {
     }
     std::vector<NameList::Line> files;
     for (const FileLine& file : shown.files) {
-        files.push_back({shownName(file.name), {}, 0, {}, toQt(file.unusable)});
+        files.push_back({shownName(file.name), {}, 0, {}, reasonOf(file.unusable)});
     }
     File1->setLines(std::move(files));
     File1_Click();

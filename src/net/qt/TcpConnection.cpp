@@ -11,11 +11,11 @@ namespace {
 
 using Transfer = SystemSocket::Transfer;
 
-constexpr std::chrono::minutes longestStillness{1};
+constexpr std::chrono::minutes stillnessTimeout{1};
 // On Windows the event loop takes notifiers on late, and drops them for a moment with each event.
 // What breaks the connection meanwhile is not told by all versions.
 constexpr std::chrono::milliseconds secondLook{100};
-constexpr std::size_t mostJoined = 1 << 16;
+constexpr size_t maxJoined = 1 << 16;
 constexpr int farewellAtProgramEnd = 100; // milliseconds
 
 constexpr int connectionReset = 10054;
@@ -86,7 +86,7 @@ void TcpConnection::lookAgain() {
         if (readable.isEnabled()) {
             receive();
         }
-        if (state == State::Closing && silence() > longestStillness) {
+        if (state == State::Closing && silence() > stillnessTimeout) {
             end(0);
         }
         return;
@@ -113,7 +113,7 @@ void TcpConnection::send(std::string bytes, Socket::Send when) {
         return;
     }
     // Each call of the system is a packet of its own; joining what is large would only copy it.
-    if (!outgoing.empty() && outgoing.back().size() + bytes.size() <= mostJoined) {
+    if (!outgoing.empty() && outgoing.back().size() + bytes.size() <= maxJoined) {
         outgoing.back() += bytes;
     } else {
         outgoing.push_back(std::move(bytes));
@@ -131,7 +131,7 @@ void TcpConnection::sendQueued() {
         if (transfer.count > 0 && state == State::Closing) {
             lastHeard = std::chrono::steady_clock::now();
         }
-        if (transfer.state == Transfer::Later) {
+        if (transfer.state == Transfer::WouldBlock) {
             break;
         }
         if (transfer.state == Transfer::Failed) {
@@ -157,7 +157,7 @@ void TcpConnection::dropQueued() {
 void TcpConnection::receive() {
     const auto transfer = system.receive(incoming);
     if (transfer.state != Transfer::Moved) {
-        if (transfer.state != Transfer::Later || failure != 0) {
+        if (transfer.state != Transfer::WouldBlock || failure != 0) {
             end(failure != 0 ? failure : transfer.error);
         }
     } else if (state == State::Closing) {

@@ -68,7 +68,7 @@ class TcpConnection final : public QObject {
     std::chrono::steady_clock::time_point lastHeard = std::chrono::steady_clock::now();
     std::string incoming;
     std::deque<std::string> outgoing;
-    std::size_t sent = 0; // Of the first.
+    size_t sent = 0; // Of the first.
     // Of sending; reported when what has arrived before has been read.
     int failure = 0;
 };

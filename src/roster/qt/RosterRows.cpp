@@ -46,9 +46,8 @@ RosterRows::Row RosterRows::makeRow(int index, QWidget* client) {
     row.IncludePlayer->setObjectName(nameOf("IncludePlayer", index));
     row.IncludePlayer->setAccessibleName(player + "included");
     row.IncludePlayer->setGeometry(twipsRect(480, top, 255, 255));
-    connect(row.IncludePlayer, &QCheckBox::toggled, this, [this, index](bool ticked) {
-        game.rows[static_cast<size_t>(index)].IncludePlayer = ticked ? 1 : 0;
-    });
+    connect(row.IncludePlayer, &QCheckBox::toggled, this,
+            [this, index](bool ticked) { game.row(index).IncludePlayer = ticked ? 1 : 0; });
     row.PlayerName =
         addBox(client, index, "PlayerName", player + "name", 840, 2100, &PlayerSlot::PlayerName);
     row.PlayerEmail = addBox(client, index, "PlayerEmail", player + "e-mail address", 3060, 2400,
@@ -68,15 +67,14 @@ QLineEdit* RosterRows::addBox(QWidget* client, int index, const char* name,
                               std::string PlayerSlot::*field) {
     QLineEdit* box = makeTextBox(client, nameOf(name, index),
                                  twipsRect(left, topOf(index), width, 285), accessibleName);
-    connect(box, &QLineEdit::textChanged, this, [this, index, field](const QString& text) {
-        game.rows[static_cast<size_t>(index)].*field = fromQt(text);
-    });
+    connect(box, &QLineEdit::textChanged, this,
+            [this, index, field](const QString& text) { game.row(index).*field = fromQt(text); });
     return box;
 }
 
 void RosterRows::showGame() {
     for (int i = 0; i < rowCount; ++i) {
-        const PlayerSlot& slot = game.rows[static_cast<size_t>(i)];
+        const PlayerSlot& slot = game.row(i);
         const Row& row = rows[static_cast<size_t>(i)];
         row.PlayNum->setText(QString::number(i + 1));
         {

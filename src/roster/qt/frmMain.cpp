@@ -20,13 +20,13 @@ namespace turnpost {
 
 namespace {
 
-constexpr int mostNameWidth = 320; // pixels, half of the window
+constexpr int maxNameWidth = 320; // pixels, half of the window
 
 // The menu would put what follows a tab into its column of shortcuts.
 void showStoredGame(QAction* item, const std::string& name) {
     const QString line = toQt(oneLine(name)).replace('\t', ' ');
     const QFontMetrics metrics(item->font());
-    item->setText(withoutAccessKeys(metrics.elidedText(line, Qt::ElideMiddle, mostNameWidth)));
+    item->setText(escapeMnemonics(metrics.elidedText(line, Qt::ElideMiddle, maxNameWidth)));
     item->setToolTip(plainTip(toQt(name)));
 }
 

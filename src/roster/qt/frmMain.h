@@ -49,7 +49,7 @@ class frmMain final : public Form {
     void GameChoose_Click() { commands.findGame(); }
     void PlaySel_MouseDown(int index);
     void butSend_Click() { commands.butSend_Click(); }
-    void butSend2_Click() { commands.butSend2_Click(); }
+    void butSend2_Click() { commands.takeSendStep(); }
     void Command1_Click() { commands.sendByMailSystem(winId()); }
     void butAtch_Click() { commands.editAttachments(); }
     void mnuNew_Click() { commands.newGame(); }

@@ -15,7 +15,7 @@ inline std::string fromQt(const QString& text) {
 }
 
 /// For places where the toolkit would take "&" as the mark of an access key.
-inline QString withoutAccessKeys(QString text) {
+inline QString escapeMnemonics(QString text) {
     return text.replace('&', "&&");
 }
 

@@ -19,7 +19,7 @@ constexpr int filesOfRound = players + filesOfPlayer - 1;
 constexpr int rounds = 8;
 static_assert((rounds - 1) * filesOfRound == 140);
 
-constexpr int longestRun = 60000; // milliseconds
+constexpr int runTimeout = 60000; // milliseconds
 
 // Of the turn files, the universe file and the extra files 1 to 3.
 std::string nameOf(int file) {
@@ -98,7 +98,7 @@ class FullGame : public WindowTest {
     void send(int round) {
         host().watcher().expectReport();
         host().click("butSend");
-        waitUntil([this] { return host().watcher().done(); }, longestRun);
+        waitUntil([this] { return host().watcher().done(); }, runTimeout);
         std::string report;
         for (int player = 1; player <= players; ++player) {
             report += "Player " + std::to_string(player) + ": " + line + "\n";
@@ -144,7 +144,7 @@ class FullGame : public WindowTest {
         QProcess decoder;
         decoder.setWorkingDirectory(QString::fromStdString(files.path()));
         decoder.start("/bin/sh", {TURNPOST_TESTS "/support/decode_blocks", "blocks"});
-        EXPECT_TRUE(decoder.waitForFinished(longestRun));
+        EXPECT_TRUE(decoder.waitForFinished(runTimeout));
 #endif
         for (int i = 0; i < filesOfPlayer; ++i) {
             const int file = i == 0 ? player - 1 : players + i - 1;

@@ -1,4 +1,4 @@
-#include "files/TemporaryName.h"
+#include "files/TemporaryPath.h"
 
 #include "text/Path.h"
 
@@ -6,7 +6,7 @@
 
 namespace turnpost {
 
-std::string unpredictableNeighbour(const std::string& path) {
+std::string temporaryPathBeside(const std::string& path) {
     std::random_device random;
     std::string name = ".turnpost-";
     for (int i = 0; i < 4; ++i) {

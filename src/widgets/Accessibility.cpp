@@ -1,4 +1,4 @@
-#include "widgets/ScreenReading.h"
+#include "widgets/Accessibility.h"
 
 #include "widgets/FilledBar.h"
 #include "widgets/Form.h"
@@ -9,9 +9,9 @@ namespace turnpost {
 
 namespace {
 
-class BarReading final : public QAccessibleWidget, public QAccessibleValueInterface {
+class AccessibleBar final : public QAccessibleWidget, public QAccessibleValueInterface {
   public:
-    explicit BarReading(FilledBar* read)
+    explicit AccessibleBar(FilledBar* read)
         : QAccessibleWidget(read, QAccessible::ProgressBar), bar(read) {}
 
     void* interface_cast(QAccessible::InterfaceType type) override {
@@ -29,9 +29,9 @@ class BarReading final : public QAccessibleWidget, public QAccessibleValueInterf
     FilledBar* bar;
 };
 
-QAccessibleInterface* makeReading(const QString&, QObject* object) {
+QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
     if (auto* bar = dynamic_cast<FilledBar*>(object)) {
-        return new BarReading(bar);
+        return new AccessibleBar(bar);
     }
     auto* form = dynamic_cast<Form*>(object);
     const bool isMain = form != nullptr && form->windowType() == Qt::Window;
@@ -40,8 +40,8 @@ QAccessibleInterface* makeReading(const QString&, QObject* object) {
 
 } // namespace
 
-void prepareScreenReading() {
-    QAccessible::installFactory(makeReading);
+void installAccessibility() {
+    QAccessible::installFactory(makeAccessible);
 }
 
 } // namespace turnpost
