@@ -7,24 +7,25 @@
 
 namespace turnpost {
 
-Application::Application(AppWindows& usedWindows, Socket& socket, ProgramFolders programFolders,
+Application::Application(AppWindows& windows, Socket& socket, ProgramFolders folders,
                          const MailSystemMaker& makeMail)
-    : windows(usedWindows), ownFolders(std::move(programFolders)),
-      settingsFile(ownFolders.program, ownFolders.configuration),
-      driver({shared.game, shared.message, shared.attachments}, shared.settings, shared.report,
-             socket, usedWindows, usedWindows),
-      mailSystem(makeMail(shared.settings)),
-      delivery({shared.game, shared.message, shared.attachments}, shared.report, driver.sendState(),
-               *mailSystem.MAPISession1, *mailSystem.MAPIMessages1, usedWindows, usedWindows) {}
+    : windows_(windows), ownFolders_(std::move(folders)),
+      settingsFile_(ownFolders_.program, ownFolders_.configuration),
+      driver_({shared_.game, shared_.message, shared_.attachments}, shared_.settings,
+              shared_.report, socket, windows, windows),
+      mailSystem_(makeMail(shared_.settings)),
+      delivery_({shared_.game, shared_.message, shared_.attachments}, shared_.report,
+                driver_.sendState(), *mailSystem_.MAPISession1, *mailSystem_.MAPIMessages1, windows,
+                windows) {}
 
 void Application::findGame() {
     if (!askForFile("Find Stars! Host File (*.HST)", hostFilePattern)) {
         return;
     }
     try {
-        chooseHostFile(shared.game, shared.picker.PickedFolder, shared.picker.PickedFile);
+        chooseHostFile(shared_.game, shared_.picker.PickedFolder, shared_.picker.PickedFile);
     } catch (const FileError& error) {
-        windows.show(messages::hostFileUnusable(error.path(), error.reason()));
+        windows_.show(messages::hostFileUnusable(error.path(), error.reason()));
         return;
     }
     showGame();
@@ -32,86 +33,86 @@ void Application::findGame() {
 
 // Another game's rows have no part in the send that broke off.
 void Application::showGame() {
-    windows.showBreak({});
-    windows.showValues();
+    windows_.showBreak({});
+    windows_.showValues();
 }
 
 void Application::selectPlayers(PlayerSelection selection) {
-    turnpost::selectPlayers(shared.game, selection);
-    windows.showValues();
+    turnpost::selectPlayers(shared_.game, selection);
+    windows_.showValues();
 }
 
 void Application::newGame() {
-    clearGame(shared.game);
-    shared.message = {};
-    shared.attachments = {};
+    clearGame(shared_.game);
+    shared_.message = {};
+    shared_.attachments = {};
     showGame();
 }
 
 // Both ways of sending walk the rows with the same cursor. A mail client may run a message loop of
 // its own inside any of its calls, and so let every button be pressed.
 void Application::butSend_Click() {
-    if (delivery.isDelivering()) {
-        windows.show(messages::sendInProgress());
+    if (delivery_.isDelivering()) {
+        windows_.show(messages::sendInProgress());
         return;
     }
-    driver.butSend_Click();
+    driver_.butSend_Click();
 }
 
 void Application::takeSendStep() {
-    if (!delivery.isDelivering()) {
-        windows.showBreak({});
-        driver.butSend2_Click();
+    if (!delivery_.isDelivering()) {
+        windows_.showBreak({});
+        driver_.butSend2_Click();
     }
 }
 
 void Application::sendByMailSystem(std::uintptr_t parentWindow) {
-    if (delivery.isDelivering() || driver.isSending()) {
-        windows.show(messages::sendInProgress());
+    if (delivery_.isDelivering() || driver_.isSending()) {
+        windows_.show(messages::sendInProgress());
         return;
     }
-    driver.abandon();
-    delivery.deliver(parentWindow);
+    driver_.abandon();
+    delivery_.deliver(parentWindow);
 }
 
 void Application::storeEmailSettings(const std::string& hostName, const std::string& hostEmail,
                                      const std::string& smtpServer) {
-    shared.settings.HostName = hostName;
-    shared.settings.HostEmail = hostEmail;
-    shared.settings.SmtpServer = smtpServer;
+    shared_.settings.HostName = hostName;
+    shared_.settings.HostEmail = hostEmail;
+    shared_.settings.SmtpServer = smtpServer;
     writeSettings();
 }
 
 std::string Application::pickExtraAttachment() {
     const bool picked = askForFile("Find file to send as an extra attachment", anyFilePattern);
-    return picked ? pickedPath(shared.picker) : std::string();
+    return picked ? pickedPath(shared_.picker) : std::string();
 }
 
 void Application::pickFile(const std::string& folder, const std::string& file, bool asDefaultGame) {
-    shared.picker.PickedFolder = folder;
-    shared.picker.PickedFile = file;
+    shared_.picker.PickedFolder = folder;
+    shared_.picker.PickedFile = file;
     if (asDefaultGame) {
-        shared.settings.DefaultGameFile = pickedPath(shared.picker);
+        shared_.settings.DefaultGameFile = pickedPath(shared_.picker);
         writeSettings();
     }
 }
 
 bool Application::askForFile(const std::string& message, const std::string& pattern) {
-    shared.picker.PickerMessage = message;
-    shared.picker.PickerCancelled = 0;
-    shared.picker.PickerPattern = pattern;
-    windows.openFilePicker();
-    return shared.picker.PickerCancelled == 0;
+    shared_.picker.PickerMessage = message;
+    shared_.picker.PickerCancelled = 0;
+    shared_.picker.PickerPattern = pattern;
+    windows_.openFilePicker();
+    return shared_.picker.PickerCancelled == 0;
 }
 
 void Application::writeSettings() {
     try {
-        settingsFile.write(shared.settings);
-        if (!survivesRoundTrip(shared.settings)) {
-            windows.show(messages::doesNotSurviveRoundTrip(settingsFile.path()));
+        settingsFile_.write(shared_.settings);
+        if (!survivesRoundTrip(shared_.settings)) {
+            windows_.show(messages::doesNotSurviveRoundTrip(settingsFile_.path()));
         }
     } catch (const FileError& error) {
-        windows.show(messages::cannotWrite(error.path(), error.reason()));
+        windows_.show(messages::cannotWrite(error.path(), error.reason()));
     }
 }
 

@@ -30,18 +30,18 @@ class Application final : public MainCommands {
     using MailSystemMaker = std::function<MailSystem(const Settings&)>;
 
     /// `windows` and `socket` must outlive the application.
-    Application(AppWindows& usedWindows, Socket& socket, ProgramFolders programFolders,
+    Application(AppWindows& windows, Socket& socket, ProgramFolders folders,
                 const MailSystemMaker& makeMail = makeMailSystem);
 
-    const SharedValues& values() const { return shared; }
-    const ProgramFolders& folders() const { return ownFolders; }
+    const SharedValues& values() const { return shared_; }
+    const ProgramFolders& folders() const { return ownFolders_; }
 
     /// Brings the program into its start state, asks for the e-mail settings on a first run, and
     /// shows the main window.
     void startUp();
 
     // See MainCommands.
-    GameDetails& game() override { return shared.game; }
+    GameDetails& game() override { return shared_.game; }
     void findGame() override;
     void selectPlayers(PlayerSelection selection) override;
     void newGame() override;
@@ -53,17 +53,17 @@ class Application final : public MainCommands {
     void butSend_Click() override;
     void takeSendStep() override;
     void sendByMailSystem(std::uintptr_t parentWindow = 0) override;
-    void editEmailSettings() override { windows.openEmailSettings(); }
-    void editMessage() override { windows.openMessageEditor(); }
-    void editAttachments() override { windows.openAttachments(); }
-    void showAbout() override { windows.openAbout(); }
-    void shutDown() override { driver.abandon(); }
+    void editEmailSettings() override { windows_.openEmailSettings(); }
+    void editMessage() override { windows_.openMessageEditor(); }
+    void editAttachments() override { windows_.openAttachments(); }
+    void showAbout() override { windows_.openAbout(); }
+    void shutDown() override { driver_.abandon(); }
 
     // What the dialogs hand back at their OK.
     void storeEmailSettings(const std::string& hostName, const std::string& hostEmail,
                             const std::string& smtpServer);
-    void storeMessage(const MessageTemplate& message) { shared.message = message; }
-    void storeAttachments(const AttachmentChoices& choices) { shared.attachments = choices; }
+    void storeMessage(const MessageTemplate& message) { shared_.message = message; }
+    void storeAttachments(const AttachmentChoices& choices) { shared_.attachments = choices; }
     void storeStoredGames(const std::array<StoredGame, 4>& slots);
 
     /// What the "Store" button puts into a slot.
@@ -74,7 +74,7 @@ class Application final : public MainCommands {
 
     // What the file picker hands back.
     void pickFile(const std::string& folder, const std::string& file, bool asDefaultGame);
-    void cancelPicker() { shared.picker.PickerCancelled = 1; }
+    void cancelPicker() { shared_.picker.PickerCancelled = 1; }
 
   private:
     void showGame();
@@ -84,13 +84,13 @@ class Application final : public MainCommands {
     void loadGame(const std::string& path);
     void findLoadedHostFile(GameDetails& game, const std::string& detailsFile);
 
-    AppWindows& windows;
-    ProgramFolders ownFolders;
-    SharedValues shared;
-    SettingsFile settingsFile;
-    SendDriver driver;
-    MailSystem mailSystem;
-    MailDelivery delivery;
+    AppWindows& windows_;
+    ProgramFolders ownFolders_;
+    SharedValues shared_;
+    SettingsFile settingsFile_;
+    SendDriver driver_;
+    MailSystem mailSystem_;
+    MailDelivery delivery_;
 };
 
 } // namespace turnpost

@@ -13,39 +13,39 @@
 namespace turnpost {
 
 void Application::saveGame() {
-    if (shared.game.GamePath.empty()) {
-        windows.show(messages::noGameDetails());
+    if (shared_.game.GamePath.empty()) {
+        windows_.show(messages::noGameDetails());
         return;
     }
-    std::string path = gameDetailsFile(shared.game);
+    std::string path = gameDetailsFile(shared_.game);
     if (!isAbsolutePath(path)) {
-        windows.show(messages::cannotWrite(path, messages::notOfThisSystem()));
+        windows_.show(messages::cannotWrite(path, messages::notOfThisSystem()));
         return;
     }
     try {
-        writeGameDetails(path, shared.game, shared.message);
+        writeGameDetails(path, shared_.game, shared_.message);
     } catch (const FileError& error) {
-        windows.show(messages::cannotWrite(error.path(), error.reason()));
+        windows_.show(messages::cannotWrite(error.path(), error.reason()));
         return;
     }
     path = findPath(path).value_or(path);
-    windows.show(messages::detailsSaved(path));
-    if (!survivesRoundTrip(shared.game, shared.message)) {
-        windows.show(messages::doesNotSurviveRoundTrip(path));
+    windows_.show(messages::detailsSaved(path));
+    if (!survivesRoundTrip(shared_.game, shared_.message)) {
+        windows_.show(messages::doesNotSurviveRoundTrip(path));
     }
 }
 
 void Application::openGame() {
-    const bool byDefault = std::exchange(shared.LoadDefaultPending, 0) == 1;
+    const bool byDefault = std::exchange(shared_.LoadDefaultPending, 0) == 1;
     if (!byDefault && !askForFile("Find Nimbus Turnpost File (*.NTP)", gameDetailsPattern)) {
         return;
     }
     const std::string path =
-        byDefault ? shared.settings.DefaultGameFile : pickedPath(shared.picker);
+        byDefault ? shared_.settings.DefaultGameFile : pickedPath(shared_.picker);
     const auto found = findFile(path);
     if (!found) {
-        windows.show(byDefault ? messages::defaultGameFileNotFound()
-                               : messages::gameFileNotFound());
+        windows_.show(byDefault ? messages::defaultGameFileNotFound()
+                                : messages::gameFileNotFound());
         return;
     }
     loadGame(*found);
@@ -55,18 +55,18 @@ void Application::loadGame(const std::string& path) {
     try {
         GameFileReading reading = readGameDetails(path);
         if (reading.damage) {
-            windows.show(messages::gameFileDamaged(path, reading.damage->words));
+            windows_.show(messages::gameFileDamaged(path, reading.damage->words));
             return;
         }
-        shared.game = std::move(reading.content.game);
-        shared.message = std::move(reading.content.message);
-        removeLineBreaks(shared.game);
-        shared.message.MessageSubject = oneLine(shared.message.MessageSubject);
+        shared_.game = std::move(reading.content.game);
+        shared_.message = std::move(reading.content.message);
+        removeLineBreaks(shared_.game);
+        shared_.message.MessageSubject = oneLine(shared_.message.MessageSubject);
     } catch (const FileError& error) {
-        windows.show(messages::cannotRead(error.path(), error.reason()));
+        windows_.show(messages::cannotRead(error.path(), error.reason()));
         return;
     }
-    findLoadedHostFile(shared.game, path);
+    findLoadedHostFile(shared_.game, path);
 }
 
 void Application::findLoadedHostFile(GameDetails& game, const std::string& detailsFile) {
@@ -90,7 +90,7 @@ void Application::findLoadedHostFile(GameDetails& game, const std::string& detai
         }
     }
     showGame();
-    windows.show(messages::hostFileUnusable(unusable, reason));
+    windows_.show(messages::hostFileUnusable(unusable, reason));
 }
 
 } // namespace turnpost

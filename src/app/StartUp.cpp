@@ -7,36 +7,36 @@
 namespace turnpost {
 
 void Application::startUp() {
-    windows.setCaption(std::string(applicationTitle) + " Version " + versionText());
-    clearGame(shared.game);
-    shared.LoadDefaultPending = 0;
+    windows_.setCaption(std::string(applicationTitle) + " Version " + versionText());
+    clearGame(shared_.game);
+    shared_.LoadDefaultPending = 0;
     readSettings();
-    shared.message = {};
-    shared.attachments = {};
-    windows.setProgress(0.0);
-    windows.showValues();
-    if (!shared.settings.DefaultGameFile.empty()) {
-        shared.LoadDefaultPending = 1;
+    shared_.message = {};
+    shared_.attachments = {};
+    windows_.setProgress(0.0);
+    windows_.showValues();
+    if (!shared_.settings.DefaultGameFile.empty()) {
+        shared_.LoadDefaultPending = 1;
         openGame();
     }
-    windows.showMainWindow();
+    windows_.showMainWindow();
 }
 
 void Application::readSettings() {
     try {
-        switch (settingsFile.read(shared.settings)) {
+        switch (settingsFile_.read(shared_.settings)) {
         case SettingsFile::Outcome::Missing:
-            windows.openEmailSettings();
+            windows_.openEmailSettings();
             break;
         case SettingsFile::Outcome::Damaged:
-            windows.show(messages::settingsDamaged(settingsFile.path(),
-                                                   nameOfPath(settingsFile.copyPath())));
+            windows_.show(messages::settingsDamaged(settingsFile_.path(),
+                                                    nameOfPath(settingsFile_.copyPath())));
             break;
         case SettingsFile::Outcome::Read:
             break;
         }
     } catch (const FileError& error) {
-        windows.show(messages::cannotRead(error.path(), error.reason()));
+        windows_.show(messages::cannotRead(error.path(), error.reason()));
     }
 }
 

@@ -7,38 +7,38 @@
 namespace turnpost {
 
 void Application::loadStoredGame(int slot) {
-    const StoredGame& game = shared.settings.StoredGames.at(static_cast<size_t>(slot - 1));
+    const StoredGame& game = shared_.settings.StoredGames.at(static_cast<size_t>(slot - 1));
     if (game.StoredGameName == emptySlotName) {
         return;
     }
     const auto found = findFile(game.StoredGameFile);
     if (!found) {
-        windows.show(messages::storedGameNotFound());
+        windows_.show(messages::storedGameNotFound());
         return;
     }
     loadGame(*found);
 }
 
 void Application::configureStoredGames() {
-    if (shared.game.GameName.empty()) {
-        windows.show(messages::enterGameName());
-    } else if (shared.game.GamePath.empty()) {
-        windows.show(messages::findGameFirst());
-    } else if (!isAbsolutePath(shared.game.GamePath) || !findFile(gameDetailsFile(shared.game))) {
-        windows.show(messages::saveGameFirst());
+    if (shared_.game.GameName.empty()) {
+        windows_.show(messages::enterGameName());
+    } else if (shared_.game.GamePath.empty()) {
+        windows_.show(messages::findGameFirst());
+    } else if (!isAbsolutePath(shared_.game.GamePath) || !findFile(gameDetailsFile(shared_.game))) {
+        windows_.show(messages::saveGameFirst());
     } else {
-        shared.GameNameToStore = shared.game.GameName;
-        windows.openStoredGames();
-        windows.showValues();
+        shared_.GameNameToStore = shared_.game.GameName;
+        windows_.openStoredGames();
+        windows_.showValues();
     }
 }
 
 StoredGame Application::currentGameToStore() const {
-    return {shared.GameNameToStore, storedGameFile(shared.game)};
+    return {shared_.GameNameToStore, storedGameFile(shared_.game)};
 }
 
 void Application::storeStoredGames(const std::array<StoredGame, 4>& slots) {
-    shared.settings.StoredGames = slots;
+    shared_.settings.StoredGames = slots;
     writeSettings();
 }
 

@@ -20,8 +20,7 @@ struct FoundFile {
 
 class RowRules {
   public:
-    RowRules(Transport usedTransport, std::string& line)
-        : transport(usedTransport), ReportLine(line) {
+    RowRules(Transport transport, std::string& line) : transport_(transport), ReportLine(line) {
         ReportLine.clear();
     }
 
@@ -31,7 +30,7 @@ class RowRules {
         } else if (row.PlayerEmail.empty()) {
             refuse(messages::noEmailAddress());
         }
-        refusedAsPlayer = RowRefused;
+        refusedAsPlayer_ = RowRefused;
         if (!RowRefused) {
             checkAddresses(row);
         }
@@ -47,21 +46,21 @@ class RowRules {
 
     // MAPI looks for extra files even for players it has refused.
     void checkExtraFile(const std::string& path, int entry) {
-        if (!path.empty() && (transport == Transport::Mapi || !refusedAsPlayer)) {
+        if (!path.empty() && (transport_ == Transport::Mapi || !refusedAsPlayer_)) {
             checkFile(path, messages::extraFileNotFound(entry),
                       messages::extraFileUnreadable(entry));
         }
     }
 
     void checkSize() {
-        if (looksFurther() && foundBytes > maxAttachedBytes) {
+        if (looksFurther() && foundBytes_ > maxAttachedBytes) {
             refuse(messages::messageTooLong());
         }
     }
 
     // Up to the first that cannot be read any more.
     void attachFiles(const AttachFile& attach) {
-        for (const FoundFile& file : files) {
+        for (const FoundFile& file : files_) {
             try {
                 attach(file.path);
             } catch (const FileError&) {
@@ -83,12 +82,12 @@ class RowRules {
 
   private:
     void checkAddresses(const PlayerSlot& row) {
-        if (const auto fault = addressFault(row.PlayerEmail, transport)) {
+        if (const auto fault = addressFault(row.PlayerEmail, transport_)) {
             refuse(messages::addressUnsendable(fault->words));
         }
         // SMTP only names the alternate address in the message; no mail goes there.
-        if (transport == Transport::Mapi) {
-            if (const auto fault = addressFault(row.AltEmail, transport)) {
+        if (transport_ == Transport::Mapi) {
+            if (const auto fault = addressFault(row.AltEmail, transport_)) {
                 refuse(messages::alternateAddressUnsendable(fault->words));
             }
         }
@@ -96,7 +95,7 @@ class RowRules {
 
     // SMTP lists everything that is wrong for a player it would write to; MAPI stops at the first.
     bool looksFurther() const {
-        return transport == Transport::Smtp ? !refusedAsPlayer : !RowRefused;
+        return transport_ == Transport::Smtp ? !refusedAsPlayer_ : !RowRefused;
     }
 
     void checkFile(const std::string& path, const std::string& notFound,
@@ -111,8 +110,8 @@ class RowRules {
             refuse(unreadable);
             return;
         }
-        foundBytes += *size;
-        files.push_back({path, unreadable});
+        foundBytes_ += *size;
+        files_.push_back({path, unreadable});
     }
 
     static bool isReadable(const std::string& path) {
@@ -124,12 +123,12 @@ class RowRules {
         }
     }
 
-    Transport transport;
+    Transport transport_;
     std::string& ReportLine;
-    std::vector<FoundFile> files;
-    std::uintmax_t foundBytes = 0;
+    std::vector<FoundFile> files_;
+    std::uintmax_t foundBytes_ = 0;
     bool RowRefused = false;
-    bool refusedAsPlayer = false;
+    bool refusedAsPlayer_ = false;
 };
 
 } // namespace

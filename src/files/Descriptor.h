@@ -8,23 +8,23 @@ namespace turnpost {
 /// A file descriptor that is closed with its owner; -1 stands for none.
 class Descriptor {
   public:
-    explicit Descriptor(int opened = -1) : number(opened) {}
-    Descriptor(Descriptor&& other) noexcept : number(std::exchange(other.number, -1)) {}
+    explicit Descriptor(int opened = -1) : number_(opened) {}
+    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
     Descriptor& operator=(Descriptor&& other) noexcept {
-        std::swap(number, other.number);
+        std::swap(number_, other.number_);
         return *this;
     }
     ~Descriptor() { close(); }
 
-    int get() const { return number; }
+    int get() const { return number_; }
     void close() {
-        if (number >= 0) {
-            ::close(std::exchange(number, -1));
+        if (number_ >= 0) {
+            ::close(std::exchange(number_, -1));
         }
     }
 
   private:
-    int number;
+    int number_;
 };
 
 } // namespace turnpost

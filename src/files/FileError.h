@@ -14,15 +14,15 @@ std::string systemReason(std::error_code code);
 class FileError : public std::runtime_error {
   public:
     FileError(std::string path, const std::string& reason)
-        : std::runtime_error(reason), filePath(std::move(path)) {}
+        : std::runtime_error(reason), filePath_(std::move(path)) {}
     FileError(std::string path, std::error_code code)
         : FileError(std::move(path), systemReason(code)) {}
 
-    const std::string& path() const { return filePath; }
+    const std::string& path() const { return filePath_; }
     std::string reason() const { return what(); }
 
   private:
-    std::string filePath;
+    std::string filePath_;
 };
 
 } // namespace turnpost

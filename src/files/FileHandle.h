@@ -11,21 +11,21 @@ inline constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHAR
 /// A handle of a file that is closed with its owner.
 class FileHandle {
   public:
-    explicit FileHandle(HANDLE opened) : handle(opened) {}
+    explicit FileHandle(HANDLE opened) : handle_(opened) {}
     FileHandle(const FileHandle&) = delete;
     FileHandle& operator=(const FileHandle&) = delete;
     ~FileHandle() { close(); }
 
-    bool isOpen() const { return handle != INVALID_HANDLE_VALUE; }
-    HANDLE get() const { return handle; }
+    bool isOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
+    HANDLE get() const { return handle_; }
     void close() {
         if (isOpen()) {
-            CloseHandle(std::exchange(handle, INVALID_HANDLE_VALUE));
+            CloseHandle(std::exchange(handle_, INVALID_HANDLE_VALUE));
         }
     }
 
   private:
-    HANDLE handle;
+    HANDLE handle_;
 };
 
 /// Opens a file or folder to be asked about: links followed, whoever else holds it.

@@ -38,18 +38,18 @@ std::string targetOf(const std::string& path) {
 class TemporaryFile {
   public:
     explicit TemporaryFile(const std::string& target)
-        : targetPath(target), path(temporaryPathBeside(target)),
-          descriptor(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666)) {
-        check(descriptor >= 0);
+        : targetPath_(target), path_(temporaryPathBeside(target)),
+          descriptor_(open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666)) {
+        check(descriptor_ >= 0);
     }
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile() {
-        if (descriptor >= 0) {
-            close(descriptor);
+        if (descriptor_ >= 0) {
+            close(descriptor_);
         }
-        if (!inPlace) {
-            unlink(path.c_str());
+        if (!inPlace_) {
+            unlink(path_.c_str());
         }
     }
 
@@ -58,17 +58,17 @@ class TemporaryFile {
     // could read what they could not read before.
     void takeOwnerAndMode(const struct stat& old) const {
         struct stat made {};
-        check(fstat(descriptor, &made) == 0);
+        check(fstat(descriptor_, &made) == 0);
         if ((made.st_uid != old.st_uid || made.st_gid != old.st_gid) &&
-            fchown(descriptor, old.st_uid, old.st_gid) != 0) {
-            [[maybe_unused]] const int given = fchown(descriptor, made.st_uid, old.st_gid);
+            fchown(descriptor_, old.st_uid, old.st_gid) != 0) {
+            [[maybe_unused]] const int given = fchown(descriptor_, made.st_uid, old.st_gid);
         }
-        check(fstat(descriptor, &made) == 0);
+        check(fstat(descriptor_, &made) == 0);
         mode_t wanted = old.st_mode & 07777U;
         if (made.st_gid != old.st_gid && (wanted & S_IROTH) == 0) {
             wanted &= ~static_cast<mode_t>(S_IRWXG);
         }
-        if ((made.st_mode & 07777U) != wanted && fchmod(descriptor, wanted) != 0) {
+        if ((made.st_mode & 07777U) != wanted && fchmod(descriptor_, wanted) != 0) {
             check((made.st_mode & ~wanted & (S_IRGRP | S_IROTH)) == 0);
         }
     }
@@ -76,32 +76,32 @@ class TemporaryFile {
     void write(const std::string& bytes) const {
         size_t done = 0;
         while (done < bytes.size()) {
-            const ssize_t count = ::write(descriptor, bytes.data() + done, bytes.size() - done);
+            const ssize_t count = ::write(descriptor_, bytes.data() + done, bytes.size() - done);
             check(count >= 0 || errno == EINTR);
             done += count > 0 ? static_cast<size_t>(count) : 0;
         }
-        check(fsync(descriptor) == 0);
+        check(fsync(descriptor_) == 0);
     }
 
     void moveIntoPlace() {
-        const int closed = close(descriptor);
-        descriptor = -1;
+        const int closed = close(descriptor_);
+        descriptor_ = -1;
         check(closed == 0);
-        check(rename(path.c_str(), targetPath.c_str()) == 0);
-        inPlace = true;
+        check(rename(path_.c_str(), targetPath_.c_str()) == 0);
+        inPlace_ = true;
     }
 
   private:
     void check(bool good) const {
         if (!good) {
-            fail(targetPath, errno);
+            fail(targetPath_, errno);
         }
     }
 
-    std::string targetPath;
-    std::string path;
-    int descriptor;
-    bool inPlace = false;
+    std::string targetPath_;
+    std::string path_;
+    int descriptor_;
+    bool inPlace_ = false;
 };
 
 // Makes the new name durable. The file itself is whole either way, so a refusal is no failure.

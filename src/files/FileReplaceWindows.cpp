@@ -61,32 +61,32 @@ bool isNothingThere(DWORD code) {
 class TemporaryFile {
   public:
     TemporaryFile(const std::string& namedPath, const std::string& target)
-        : named(namedPath), to(toNativePath(target).wstring()),
-          from(toNativePath(temporaryPathBeside(target)).wstring()), file(create()) {}
+        : named_(namedPath), to_(toNativePath(target).wstring()),
+          from_(toNativePath(temporaryPathBeside(target)).wstring()), file_(create()) {}
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile() {
-        file.close();
-        if (!inPlace) {
-            DeleteFileW(from.c_str());
+        file_.close();
+        if (!inPlace_) {
+            DeleteFileW(from_.c_str());
         }
     }
 
     void write(const std::string& bytes) {
         DWORD written = 0;
         const auto size = static_cast<DWORD>(bytes.size());
-        require(WriteFile(file.get(), bytes.data(), size, &written, nullptr) != 0 &&
-                FlushFileBuffers(file.get()) != 0);
-        file.close();
+        require(WriteFile(file_.get(), bytes.data(), size, &written, nullptr) != 0 &&
+                FlushFileBuffers(file_.get()) != 0);
+        file_.close();
     }
 
     void moveIntoPlace(const RetryLimits& limits) {
         const auto end = std::chrono::steady_clock::now() + limits.timeout;
-        while (MoveFileExW(from.c_str(), to.c_str(),
+        while (MoveFileExW(from_.c_str(), to_.c_str(),
                            MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0) {
             const DWORD code = GetLastError();
             if (!mayBeHeld(code) || std::chrono::steady_clock::now() >= end) {
-                throwSystemError(named, isHeld() ? ERROR_SHARING_VIOLATION : code);
+                throwSystemError(named_, isHeld() ? ERROR_SHARING_VIOLATION : code);
             }
             if (limits.pause) {
                 limits.pause();
@@ -94,25 +94,25 @@ class TemporaryFile {
                 std::this_thread::sleep_for(std::chrono::milliseconds(20));
             }
         }
-        inPlace = true;
+        inPlace_ = true;
     }
 
   private:
     // With the permissions and marks of the file to be replaced, from the beginning: what nobody
     // else could read, nobody else can while it is written.
     HANDLE create() const {
-        const DWORD marks = GetFileAttributesW(to.c_str());
+        const DWORD marks = GetFileAttributesW(to_.c_str());
         const bool exists = marks != INVALID_FILE_ATTRIBUTES;
         require(exists || isNothingThere(GetLastError()));
         // Renaming might replace even a write-protected file, which its owner has locked on
         // purpose.
         if (exists && (marks & FILE_ATTRIBUTE_READONLY) != 0) {
-            throwSystemError(named, ERROR_ACCESS_DENIED);
+            throwSystemError(named_, ERROR_ACCESS_DENIED);
         }
-        auto permissions = exists ? permissionsOf(to) : std::vector<char>();
+        auto permissions = exists ? permissionsOf(to_) : std::vector<char>();
         SECURITY_ATTRIBUTES security{sizeof security, permissions.data(), FALSE};
         const HANDLE made =
-            CreateFileW(from.c_str(), GENERIC_WRITE, 0, permissions.empty() ? nullptr : &security,
+            CreateFileW(from_.c_str(), GENERIC_WRITE, 0, permissions.empty() ? nullptr : &security,
                         CREATE_NEW, exists ? marks & keptMarks : FILE_ATTRIBUTE_NORMAL, nullptr);
         require(made != INVALID_HANDLE_VALUE);
         return made;
@@ -121,21 +121,21 @@ class TemporaryFile {
     // The move's own refusal does not tell that from a lack of permission.
     bool isHeld() const {
         const FileHandle opened(
-            CreateFileW(to.c_str(), DELETE, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+            CreateFileW(to_.c_str(), DELETE, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
         return !opened.isOpen() && GetLastError() == ERROR_SHARING_VIOLATION;
     }
 
     void require(bool good) const {
         if (!good) {
-            throwSystemError(named, GetLastError());
+            throwSystemError(named_, GetLastError());
         }
     }
 
-    std::string named;
-    std::wstring to;
-    std::wstring from;
-    FileHandle file;
-    bool inPlace = false;
+    std::string named_;
+    std::wstring to_;
+    std::wstring from_;
+    FileHandle file_;
+    bool inPlace_ = false;
 };
 
 } // namespace

@@ -23,35 +23,35 @@ void ComposedMessage::Compose() {
 }
 
 void ComposedMessage::RecipIndex(int index) {
-    recipient = select(recipients, index);
+    recipient_ = select(recipients, index);
 }
 
 void ComposedMessage::RecipDisplayName(const std::string& name) {
-    recipients.at(recipient).RecipDisplayName = name;
+    recipients.at(recipient_).RecipDisplayName = name;
 }
 
 void ComposedMessage::RecipAddress(const std::string& address) {
-    recipients.at(recipient).RecipAddress = address;
+    recipients.at(recipient_).RecipAddress = address;
 }
 
 void ComposedMessage::RecipType(int type) {
-    recipients.at(recipient).RecipType = type;
+    recipients.at(recipient_).RecipType = type;
 }
 
 void ComposedMessage::AttachmentIndex(int index) {
-    attachment = select(attachments, index);
+    attachment_ = select(attachments, index);
 }
 
 void ComposedMessage::AttachmentPosition(int position) {
-    attachments.at(attachment).AttachmentPosition = position;
+    attachments.at(attachment_).AttachmentPosition = position;
 }
 
 void ComposedMessage::AttachmentType(int type) {
-    attachments.at(attachment).AttachmentType = type;
+    attachments.at(attachment_).AttachmentType = type;
 }
 
 void ComposedMessage::AttachmentPathName(const std::string& path) {
-    attachments.at(attachment).AttachmentPathName = path;
+    attachments.at(attachment_).AttachmentPathName = path;
 }
 
 } // namespace turnpost

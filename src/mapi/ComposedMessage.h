@@ -44,8 +44,8 @@ class ComposedMessage : public MailMessages {
     std::vector<MailAttachment> attachments;
 
   private:
-    size_t recipient = 0;
-    size_t attachment = 0;
+    size_t recipient_ = 0;
+    size_t attachment_ = 0;
 };
 
 } // namespace turnpost

@@ -4,73 +4,72 @@
 
 namespace turnpost {
 
-MailDelivery::MailDelivery(const DispatchInputs& dispatchInputs, SendReport& sendReport,
-                           SendState& sendState, MailSession& mailSession,
-                           MailMessages& mailMessages, SendDisplay& sendDisplay,
-                           MessageBox& messageBox)
-    : inputs(dispatchInputs), report(sendReport), state(sendState), session(mailSession),
-      mail(mailMessages), display(sendDisplay), box(messageBox) {}
+MailDelivery::MailDelivery(const DispatchInputs& inputs, SendReport& report, SendState& state,
+                           MailSession& session, MailMessages& mail, SendDisplay& display,
+                           MessageBox& box)
+    : inputs_(inputs), report_(report), state_(state), session_(session), mail_(mail),
+      display_(display), box_(box) {}
 
 void MailDelivery::deliver(std::uintptr_t parentWindow) {
-    if (inputs.game.GamePath.empty()) {
-        box.show(messages::invalidGamePath());
+    if (inputs_.game.GamePath.empty()) {
+        box_.show(messages::invalidGamePath());
         return;
     }
-    delivering = true;
-    display.showBreak({});
-    session.ParentWindow(parentWindow);
+    delivering_ = true;
+    display_.showBreak({});
+    session_.ParentWindow(parentWindow);
     if (signOn()) {
-        mail.SessionID(session.SessionID());
+        mail_.SessionID(session_.SessionID());
         // As they stand now: a mail client may let the host change the game meanwhile.
-        const GameDetails game = inputs.game;
-        const MessageTemplate message = inputs.message;
-        const AttachmentChoices attachments = inputs.attachments;
-        for (state.SendCursor = 0; state.SendCursor < rowCount; ++state.SendCursor) {
+        const GameDetails game = inputs_.game;
+        const MessageTemplate message = inputs_.message;
+        const AttachmentChoices attachments = inputs_.attachments;
+        for (state_.SendCursor = 0; state_.SendCursor < rowCount; ++state_.SendCursor) {
             deliverRow({game, message, attachments});
         }
-        session.SignOff();
+        session_.SignOff();
     } else {
-        const auto refusal = session.signOnRefusal();
-        box.show(refusal ? messages::mapiError(refusal->words) : messages::noMailSystem());
+        const auto refusal = session_.signOnRefusal();
+        box_.show(refusal ? messages::mapiError(refusal->words) : messages::noMailSystem());
     }
-    display.openReport();
-    delivering = false;
+    display_.openReport();
+    delivering_ = false;
 }
 
 bool MailDelivery::signOn() {
-    session.NewSession(false);
-    session.LogonUI(false);
-    session.DownLoadMail(false);
-    session.UserName("");
-    session.Password("");
-    session.SignOn();
-    return session.SessionID() != 0;
+    session_.NewSession(false);
+    session_.LogonUI(false);
+    session_.DownLoadMail(false);
+    session_.UserName("");
+    session_.Password("");
+    session_.SignOn();
+    return session_.SessionID() != 0;
 }
 
 void MailDelivery::deliverRow(const DispatchInputs& row) {
     std::vector<std::string> files;
     // The mail system reads the file itself.
     const auto attach = [&files](const std::string& path) { files.push_back(path); };
-    std::string& ReportLine = report.line(state.SendCursor);
-    const auto message = applyRowRules(row, state.SendCursor, Transport::Mapi, attach, ReportLine);
+    std::string& ReportLine = report_.line(state_.SendCursor);
+    const auto message = applyRowRules(row, state_.SendCursor, Transport::Mapi, attach, ReportLine);
     if (message) {
-        state.PlayerBody = message->PlayerBody;
-        state.PlayerSubject = message->PlayerSubject;
-        compose(row.game.row(state.SendCursor), files);
-        const auto refusal = mail.Send();
+        state_.PlayerBody = message->PlayerBody;
+        state_.PlayerSubject = message->PlayerSubject;
+        compose(row.game.row(state_.SendCursor), files);
+        const auto refusal = mail_.Send();
         ReportLine = refusal ? messages::mapiError(refusal->words) : messages::emailGenerated();
     }
 }
 
 void MailDelivery::compose(const PlayerSlot& player, const std::vector<std::string>& files) {
-    mail.Compose();
-    mail.MsgIndex(-1);
-    mail.MsgSubject(state.PlayerSubject);
+    mail_.Compose();
+    mail_.MsgIndex(-1);
+    mail_.MsgSubject(state_.PlayerSubject);
     const auto addRecipient = [&](int index, const std::string& address, int type) {
-        mail.RecipIndex(index);
-        mail.RecipDisplayName(player.PlayerName);
-        mail.RecipAddress(address);
-        mail.RecipType(type);
+        mail_.RecipIndex(index);
+        mail_.RecipDisplayName(player.PlayerName);
+        mail_.RecipAddress(address);
+        mail_.RecipType(type);
     };
     addRecipient(0, player.PlayerEmail, mainRecipient);
     if (!player.AltEmail.empty()) {
@@ -78,12 +77,12 @@ void MailDelivery::compose(const PlayerSlot& player, const std::vector<std::stri
     }
     // Each attachment needs a character to stand at.
     const std::string places = files.empty() ? "" : "\r\n" + std::string(files.size(), ' ');
-    mail.MsgNoteText(state.PlayerBody + places);
+    mail_.MsgNoteText(state_.PlayerBody + places);
     for (size_t j = 0; j < files.size(); ++j) {
-        mail.AttachmentIndex(static_cast<int>(j));
-        mail.AttachmentPosition(static_cast<int>(j));
-        mail.AttachmentType(dataFile);
-        mail.AttachmentPathName(files[j]);
+        mail_.AttachmentIndex(static_cast<int>(j));
+        mail_.AttachmentPosition(static_cast<int>(j));
+        mail_.AttachmentType(dataFile);
+        mail_.AttachmentPathName(files[j]);
     }
 }
 

@@ -18,9 +18,8 @@ class MailDelivery {
   public:
     /// All references must outlive the delivery. `state` is the send driver's: the rows are walked
     /// with its SendCursor.
-    MailDelivery(const DispatchInputs& dispatchInputs, SendReport& sendReport, SendState& sendState,
-                 MailSession& mailSession, MailMessages& mailMessages, SendDisplay& sendDisplay,
-                 MessageBox& messageBox);
+    MailDelivery(const DispatchInputs& inputs, SendReport& report, SendState& state,
+                 MailSession& session, MailMessages& mail, SendDisplay& display, MessageBox& box);
 
     /// Without a game folder, without a mail system, or when it refuses the session, a message box
     /// says so. But for the first case the report follows. A row whose message the mail system does
@@ -29,21 +28,21 @@ class MailDelivery {
     void deliver(std::uintptr_t parentWindow = 0);
 
     /// True until deliver returns. A mail client may let the person press buttons meanwhile.
-    bool isDelivering() const { return delivering; }
+    bool isDelivering() const { return delivering_; }
 
   private:
     bool signOn();
     void deliverRow(const DispatchInputs& row);
     void compose(const PlayerSlot& player, const std::vector<std::string>& files);
 
-    DispatchInputs inputs;
-    SendReport& report;
-    SendState& state;
-    MailSession& session;
-    MailMessages& mail;
-    SendDisplay& display;
-    MessageBox& box;
-    bool delivering = false;
+    DispatchInputs inputs_;
+    SendReport& report_;
+    SendState& state_;
+    MailSession& session_;
+    MailMessages& mail_;
+    SendDisplay& display_;
+    MessageBox& box_;
+    bool delivering_ = false;
 };
 
 } // namespace turnpost

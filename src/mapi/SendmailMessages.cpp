@@ -19,13 +19,12 @@ constexpr size_t bytesPerSecond = 10000;
 
 } // namespace
 
-SendmailMessages::SendmailMessages(const Settings& senderSettings,
-                                   const SendmailSession& mailSession,
+SendmailMessages::SendmailMessages(const Settings& settings, const SendmailSession& session,
                                    std::chrono::milliseconds timeout)
-    : settings(senderSettings), session(mailSession), limit(timeout) {}
+    : settings_(settings), session_(session), limit_(timeout) {}
 
 std::optional<Refusal> SendmailMessages::Send() {
-    if (sessionId == 0 || sessionId != session.SessionID()) {
+    if (sessionId == 0 || sessionId != session_.SessionID()) {
         return Refusal{messages::noMailSystem()};
     }
     if (auto refused = takeAddresses()) {
@@ -33,9 +32,9 @@ std::optional<Refusal> SendmailMessages::Send() {
     }
     try {
         const std::string bytes = mimeBytes(message());
-        const auto timeout = limit + std::chrono::seconds(bytes.size() / bytesPerSecond);
-        return sendmailFailure(runProgram(session.program(), arguments(), bytes, timeout),
-                               session.program(), timeout);
+        const auto timeout = limit_ + std::chrono::seconds(bytes.size() / bytesPerSecond);
+        return sendmailFailure(runProgram(session_.program(), arguments(), bytes, timeout),
+                               session_.program(), timeout);
     } catch (const FileError& error) {
         return Refusal{messages::cannotRead(error.path(), error.reason())};
     }
@@ -51,23 +50,23 @@ std::optional<Refusal> SendmailMessages::takeAddresses() {
         }
         named.RecipAddress = *address;
     }
-    sender = trimSpaces(settings.HostEmail);
-    if (const auto fault = addressFault(settings.HostEmail, Transport::Mapi)) {
+    sender_ = trimSpaces(settings_.HostEmail);
+    if (const auto fault = addressFault(settings_.HostEmail, Transport::Mapi)) {
         return Refusal{messages::ownAddressUnsendable(fault->words)};
     }
-    if (!sender.empty()) {
-        const auto address = mailAddress(sender);
+    if (!sender_.empty()) {
+        const auto address = mailAddress(sender_);
         if (!address) {
-            return Refusal{messages::hostNotOneAddress(settings.HostEmail)};
+            return Refusal{messages::hostNotOneAddress(settings_.HostEmail)};
         }
-        sender = *address;
+        sender_ = *address;
     }
     return std::nullopt;
 }
 
 MimeMessage SendmailMessages::message() const {
     MimeMessage values;
-    values.from = {settings.HostName, sender};
+    values.from = {settings_.HostName, sender_};
     for (const MailRecipient& named : recipients) {
         auto& field = named.RecipType == copyRecipient ? values.cc : values.to;
         field.push_back({named.RecipDisplayName, named.RecipAddress});
@@ -85,8 +84,8 @@ MimeMessage SendmailMessages::message() const {
 std::vector<std::string> SendmailMessages::arguments() const {
     // -i: a line with a single period is not the message's end.
     std::vector<std::string> words{"-i"};
-    if (!sender.empty() && sender.front() != '-') {
-        words.insert(words.end(), {"-f", sender});
+    if (!sender_.empty() && sender_.front() != '-') {
+        words.insert(words.end(), {"-f", sender_});
     }
     words.emplace_back("--");
     for (const MailRecipient& named : recipients) {

@@ -33,26 +33,25 @@ std::vector<std::string> sendmailFolders() {
     return folders;
 }
 
-SendmailSession::SendmailSession(std::vector<std::string> searchFolders)
-    : folders(std::move(searchFolders)) {}
+SendmailSession::SendmailSession(std::vector<std::string> folders) : folders_(std::move(folders)) {}
 
 void SendmailSession::SignOn() {
-    path.clear();
-    for (const std::string& folder : folders) {
+    path_.clear();
+    for (const std::string& folder : folders_) {
         const std::string candidate = joinPath(folder, "sendmail");
         if (isProgram(candidate)) {
-            path = candidate;
+            path_ = candidate;
             return;
         }
     }
 }
 
 long SendmailSession::SessionID() const {
-    return path.empty() ? 0 : 1;
+    return path_.empty() ? 0 : 1;
 }
 
 void SendmailSession::SignOff() {
-    path.clear();
+    path_.clear();
 }
 
 } // namespace turnpost

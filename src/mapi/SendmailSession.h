@@ -14,7 +14,7 @@ std::vector<std::string> sendmailFolders();
 /// profile and no password; what stands for being signed on is that the program is there.
 class SendmailSession : public MailSession {
   public:
-    explicit SendmailSession(std::vector<std::string> searchFolders = sendmailFolders());
+    explicit SendmailSession(std::vector<std::string> folders = sendmailFolders());
 
     void NewSession(bool) override {}
     void LogonUI(bool) override {}
@@ -27,11 +27,11 @@ class SendmailSession : public MailSession {
     void SignOff() override;
 
     /// Full path of the program; empty without a session.
-    const std::string& program() const { return path; }
+    const std::string& program() const { return path_; }
 
   private:
-    std::vector<std::string> folders;
-    std::string path;
+    std::vector<std::string> folders_;
+    std::string path_;
 };
 
 } // namespace turnpost

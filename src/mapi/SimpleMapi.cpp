@@ -29,17 +29,17 @@ bool isMailClientSetUp() {
 } // namespace
 
 bool SimpleMapi::load() {
-    if (library == nullptr) {
+    if (library_ == nullptr) {
         // The system's folder only: a library of this name beside the program is not to be trusted.
-        library = LoadLibraryExW(libraryName.c_str(), nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+        library_ = LoadLibraryExW(libraryName_.c_str(), nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     }
-    if (library == nullptr) {
+    if (library_ == nullptr) {
         return false;
     }
-    find(logonCall, library, "MAPILogon");
-    find(logoffCall, library, "MAPILogoff");
-    find(sendMailCall, library, "MAPISendMailW");
-    return logonCall != nullptr && logoffCall != nullptr && sendMailCall != nullptr;
+    find(logonCall_, library_, "MAPILogon");
+    find(logoffCall_, library_, "MAPILogoff");
+    find(sendMailCall_, library_, "MAPISendMailW");
+    return logonCall_ != nullptr && logoffCall_ != nullptr && sendMailCall_ != nullptr;
 }
 
 SimpleMapi::Logon SimpleMapi::logon(const std::string& profile, const std::string& password,
@@ -51,25 +51,25 @@ SimpleMapi::Logon SimpleMapi::logon(const std::string& profile, const std::strin
     std::string passwordBytes = toFileBytes(password);
     LHANDLE handle = lhSessionNull;
     const ULONG code =
-        logonCall(parentWindow, profileBytes.data(), passwordBytes.data(), flags, 0, &handle);
+        logonCall_(parentWindow_, profileBytes.data(), passwordBytes.data(), flags, 0, &handle);
     if (code != SUCCESS_SUCCESS || handle == lhSessionNull) {
         return {0, code == SUCCESS_SUCCESS ? MAPI_E_FAILURE : code};
     }
-    handles[++lastSession] = handle;
-    return {lastSession, std::nullopt};
+    handles_[++lastSession_] = handle;
+    return {lastSession_, std::nullopt};
 }
 
 void SimpleMapi::logoff(long session) {
-    if (const auto handle = handles.find(session); handle != handles.end()) {
-        logoffCall(handle->second, parentWindow, 0, 0);
-        handles.erase(handle);
+    if (const auto handle = handles_.find(session); handle != handles_.end()) {
+        logoffCall_(handle->second, parentWindow_, 0, 0);
+        handles_.erase(handle);
     }
 }
 
 ULONG SimpleMapi::sendMail(long session, MapiMessageW& message) const {
-    const auto handle = handles.find(session);
-    return handle == handles.end() ? MAPI_E_INVALID_SESSION
-                                   : sendMailCall(handle->second, parentWindow, &message, 0, 0);
+    const auto handle = handles_.find(session);
+    return handle == handles_.end() ? MAPI_E_INVALID_SESSION
+                                    : sendMailCall_(handle->second, parentWindow_, &message, 0, 0);
 }
 
 } // namespace turnpost

@@ -53,8 +53,8 @@ class SimpleMapi {
   public:
     /// `libraryFile` is a name in the system's folder, or a full path. It is loaded at the first
     /// logon and then stays, since mail clients leave threads of their own in it.
-    explicit SimpleMapi(std::wstring libraryFile = L"MAPI32.DLL")
-        : libraryName(std::move(libraryFile)) {}
+    explicit SimpleMapi(std::wstring libraryName = L"MAPI32.DLL")
+        : libraryName_(std::move(libraryName)) {}
     SimpleMapi(const SimpleMapi&) = delete;
     SimpleMapi& operator=(const SimpleMapi&) = delete;
 
@@ -62,11 +62,11 @@ class SimpleMapi {
         /// The session's identifier, counted from 1; 0 for none.
         long session = 0;
         /// The MAPI_E code with which the mail client has refused; nothing when there is none: no
-        /// mail client is set up, or the library or one of its calls is missing.
+        /// mail client is set up, or the library_ or one of its calls is missing.
         std::optional<ULONG> refusal;
     };
 
-    /// Opens a session; profile and password are UTF-8.
+    /// Opens a session; profile_ and password_ are UTF-8.
     Logon logon(const std::string& profile, const std::string& password, FLAGS flags);
 
     /// Closes the session; does nothing when it is not open.
@@ -77,22 +77,22 @@ class SimpleMapi {
     ULONG sendMail(long session, MapiMessageW& message) const;
 
     /// The window that whatever the mail client shows belongs to; 0 for none.
-    void setParentWindow(std::uintptr_t window) { parentWindow = window; }
+    void setParentWindow(std::uintptr_t window) { parentWindow_ = window; }
 
   private:
     using SendMailW = ULONG(WINAPI*)(LHANDLE, ULONG_PTR, MapiMessageW*, FLAGS, ULONG);
 
     bool load();
 
-    std::wstring libraryName;
-    HMODULE library = nullptr;
-    LPMAPILOGON logonCall = nullptr;
-    LPMAPILOGOFF logoffCall = nullptr;
-    SendMailW sendMailCall = nullptr;
-    std::uintptr_t parentWindow = 0;
+    std::wstring libraryName_;
+    HMODULE library_ = nullptr;
+    LPMAPILOGON logonCall_ = nullptr;
+    LPMAPILOGOFF logoffCall_ = nullptr;
+    SendMailW sendMailCall_ = nullptr;
+    std::uintptr_t parentWindow_ = 0;
     // Identifiers are of our own making: a handle may be wider than they are.
-    std::map<long, LHANDLE> handles;
-    long lastSession = 0;
+    std::map<long, LHANDLE> handles_;
+    long lastSession_ = 0;
 };
 
 } // namespace turnpost

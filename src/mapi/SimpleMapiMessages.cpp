@@ -55,7 +55,7 @@ std::optional<Refusal> SimpleMapiMessages::Send() {
     message.lpRecips = recips.data();
     message.nFileCount = static_cast<ULONG>(files.size());
     message.lpFiles = files.data();
-    const ULONG code = mapi->sendMail(sessionId, message);
+    const ULONG code = mapi_->sendMail(sessionId, message);
     return code == SUCCESS_SUCCESS ? std::nullopt
                                    : std::optional(Refusal{messages::simpleMapiFailure(code)});
 }

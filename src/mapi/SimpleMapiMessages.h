@@ -12,13 +12,12 @@ namespace turnpost {
 /// addresses asks for, unless it names a type itself ("FAX:...").
 class SimpleMapiMessages final : public ComposedMessage {
   public:
-    explicit SimpleMapiMessages(std::shared_ptr<SimpleMapi> simpleMapi)
-        : mapi(std::move(simpleMapi)) {}
+    explicit SimpleMapiMessages(std::shared_ptr<SimpleMapi> mapi) : mapi_(std::move(mapi)) {}
 
     std::optional<Refusal> Send() override;
 
   private:
-    std::shared_ptr<SimpleMapi> mapi;
+    std::shared_ptr<SimpleMapi> mapi_;
 };
 
 } // namespace turnpost

@@ -6,17 +6,17 @@ namespace turnpost {
 
 void SimpleMapiSession::SignOn() {
     SignOff();
-    const SimpleMapi::Logon logon = mapi->logon(profile, password, flags);
-    session = logon.session;
-    refusal.reset();
+    const SimpleMapi::Logon logon = mapi_->logon(profile_, password_, flags_);
+    session_ = logon.session;
+    refusal_.reset();
     if (logon.refusal) {
-        refusal = Refusal{messages::simpleMapiFailure(*logon.refusal)};
+        refusal_ = Refusal{messages::simpleMapiFailure(*logon.refusal)};
     }
 }
 
 void SimpleMapiSession::SignOff() {
-    mapi->logoff(session);
-    session = 0;
+    mapi_->logoff(session_);
+    session_ = 0;
 }
 
 } // namespace turnpost

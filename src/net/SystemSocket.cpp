@@ -19,12 +19,12 @@ SocketHandle native(std::intptr_t handle) {
 
 } // namespace
 
-SystemSocket::SystemSocket(std::intptr_t opened) : handle(opened) {
+SystemSocket::SystemSocket(std::intptr_t opened) : handle_(opened) {
     if (isOpen()) {
-        makeNonBlocking(native(handle));
+        makeNonBlocking(native(handle_));
         const int atOnce = 1;
-        setsockopt(native(handle), IPPROTO_TCP, TCP_NODELAY, reinterpret_cast<const char*>(&atOnce),
-                   sizeof atOnce);
+        setsockopt(native(handle_), IPPROTO_TCP, TCP_NODELAY,
+                   reinterpret_cast<const char*>(&atOnce), sizeof atOnce);
     }
 }
 
@@ -50,7 +50,7 @@ int SystemSocket::connect(const std::string& address, std::uint16_t port) {
 int SystemSocket::pendingError() {
     int error = 0;
     socklen_t size = sizeof error;
-    getsockopt(native(handle), SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &size);
+    getsockopt(native(handle_), SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &size);
     return known(error);
 }
 
@@ -59,7 +59,7 @@ SystemSocket::Transfer SystemSocket::send(std::string_view bytes) {
     while (transfer.count < bytes.size()) {
         const std::string_view next = bytes.substr(transfer.count, piece);
         const auto taken =
-            ::send(native(handle), next.data(), static_cast<SocketLength>(next.size()), noSignal);
+            ::send(native(handle_), next.data(), static_cast<SocketLength>(next.size()), noSignal);
         if (taken < 0) {
             const int error = lastSocketError();
             return isInProgress(error) ? Transfer{Transfer::WouldBlock, transfer.count}
@@ -72,14 +72,14 @@ SystemSocket::Transfer SystemSocket::send(std::string_view bytes) {
 
 SystemSocket::Transfer SystemSocket::receive(std::string& bytes) {
     char arrived[piece];
-    const auto count = recv(native(handle), arrived, piece, 0);
+    const auto count = recv(native(handle_), arrived, piece, 0);
     if (count > 0) {
         bytes.append(arrived, static_cast<size_t>(count));
         return {Transfer::Moved, static_cast<size_t>(count)};
     }
     // A reset, too, is an end of stream when it came after the other side's end, or the system has
     // told of it before. But then the connection takes nothing any more, not even no bytes.
-    if (count == 0 && (endedSending || ::send(native(handle), nullptr, 0, noSignal) == 0)) {
+    if (count == 0 && (endedSending_ || ::send(native(handle_), nullptr, 0, noSignal) == 0)) {
         return {Transfer::Ended};
     }
     const int error = lastSocketError();
@@ -89,20 +89,20 @@ SystemSocket::Transfer SystemSocket::receive(std::string& bytes) {
 
 void SystemSocket::endSending() {
     constexpr int sendingSide = 1; // The systems have different names for it.
-    shutdown(native(handle), sendingSide);
-    endedSending = true;
+    shutdown(native(handle_), sendingSide);
+    endedSending_ = true;
 }
 
 bool SystemSocket::wait(bool forRoom, int timeout) {
     pollfd polled{};
-    polled.fd = native(handle);
+    polled.fd = native(handle_);
     polled.events = static_cast<short>(forRoom ? POLLIN | POLLOUT : POLLIN);
     return pollSocket(polled, timeout) > 0;
 }
 
 void SystemSocket::close() {
     if (isOpen()) {
-        closeSocket(native(std::exchange(handle, -1)));
+        closeSocket(native(std::exchange(handle_, -1)));
     }
 }
 

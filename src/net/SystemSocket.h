@@ -24,14 +24,14 @@ class SystemSocket {
     /// message that waits for more to join it would wait for a delayed acknowledgement, too.
     explicit SystemSocket(std::intptr_t opened);
     SystemSocket& operator=(SystemSocket&& other) noexcept {
-        std::swap(handle, other.handle);
-        std::swap(endedSending, other.endedSending);
+        std::swap(handle_, other.handle_);
+        std::swap(endedSending_, other.endedSending_);
         return *this;
     }
     ~SystemSocket() { close(); }
 
-    bool isOpen() const { return handle >= 0; }
-    std::intptr_t descriptor() const { return handle; }
+    bool isOpen() const { return handle_ >= 0; }
+    std::intptr_t descriptor() const { return handle_; }
 
     /// Begins a connection to a numeric address, IPv4 or IPv6, by a fresh socket. Once that is
     /// writable, pendingError() tells how it went.
@@ -58,8 +58,8 @@ class SystemSocket {
     void close();
 
   private:
-    std::intptr_t handle = -1;
-    bool endedSending = false;
+    std::intptr_t handle_ = -1;
+    bool endedSending_ = false;
 };
 
 /// The well-known Winsock number of an error, the same on every system.

@@ -18,17 +18,17 @@ class ProgramOutput {
   public:
     /// Throws std::system_error when the system has no pipe to give.
     ProgramOutput() {
-        fcntl(pipe.reading.get(), F_SETFL, O_NONBLOCK);
-        const std::string name = "/proc/self/fd/" + std::to_string(pipe.writing.get());
+        fcntl(pipe_.reading.get(), F_SETFL, O_NONBLOCK);
+        const std::string name = "/proc/self/fd/" + std::to_string(pipe_.writing.get());
         if (Descriptor both(open(name.c_str(), O_RDWR | O_CLOEXEC)); both.get() >= 0) {
-            pipe.writing = std::move(both);
+            pipe_.writing = std::move(both);
         }
     }
 
     /// The end for the program to be started.
-    int writingEnd() const { return pipe.writing.get(); }
+    int writingEnd() const { return pipe_.writing.get(); }
     /// Descriptor to poll for input.
-    int readingEnd() const { return pipe.reading.get(); }
+    int readingEnd() const { return pipe_.reading.get(); }
 
     /// Takes what the pipe holds at this moment, and keeps the last 64 KiB of all it has taken.
     /// Never waits.
@@ -36,11 +36,11 @@ class ProgramOutput {
         constexpr size_t maxText = 65536;
         // Not until the pipe is empty: a program may write faster than it can be read.
         int available = 0;
-        ioctl(pipe.reading.get(), FIONREAD, &available);
+        ioctl(pipe_.reading.get(), FIONREAD, &available);
         std::string bytes(static_cast<size_t>(available), '\0');
-        const ssize_t count = ::read(pipe.reading.get(), bytes.data(), bytes.size());
-        text.append(bytes, 0, static_cast<size_t>(std::max<ssize_t>(count, 0)));
-        text.erase(0, text.size() - std::min(text.size(), maxText));
+        const ssize_t count = ::read(pipe_.reading.get(), bytes.data(), bytes.size());
+        text_.append(bytes, 0, static_cast<size_t>(std::max<ssize_t>(count, 0)));
+        text_.erase(0, text_.size() - std::min(text_.size(), maxText));
     }
 
     /// Reads once more and gives what was kept. From then on a program that still writes never
@@ -48,13 +48,13 @@ class ProgramOutput {
     std::string finish() {
         read();
         // O_NONBLOCK applies to every process that shares this end.
-        fcntl(pipe.writing.get(), F_SETFL, O_NONBLOCK);
-        return std::move(text);
+        fcntl(pipe_.writing.get(), F_SETFL, O_NONBLOCK);
+        return std::move(text_);
     }
 
   private:
-    Pipe pipe;
-    std::string text;
+    Pipe pipe_;
+    std::string text_;
 };
 
 } // namespace turnpost

@@ -66,11 +66,11 @@ class Process {
     // started.
     Process(const std::string& program, const std::vector<std::string>& arguments,
             const std::string& inputBytes)
-        : unwritten(inputBytes),
-          child(start(program, arguments,
-                      {input.reading.get(), output.writingEnd(), errors.writingEnd()})) {
-        endNotice = Descriptor(static_cast<int>(syscall(SYS_pidfd_open, child, 0)));
-        fcntl(input.writing.get(), F_SETFL, O_NONBLOCK);
+        : unwritten_(inputBytes),
+          child_(start(program, arguments,
+                       {input_.reading.get(), output_.writingEnd(), errors_.writingEnd()})) {
+        endNotice_ = Descriptor(static_cast<int>(syscall(SYS_pidfd_open, child_, 0)));
+        fcntl(input_.writing.get(), F_SETFL, O_NONBLOCK);
     }
 
     // Exchanges input and output with it until it ends by itself or is killed.
@@ -81,64 +81,64 @@ class Process {
             if (Clock::now() < deadline) {
                 exchange();
             } else if (!killed) {
-                kill(-child, SIGKILL);
+                kill(-child_, SIGKILL);
                 killed = true;
                 deadline = Clock::now() + killTimeout;
             } else {
                 break;
             }
         }
-        end.outputText = output.finish();
-        end.errorText = errors.finish();
-        if (killed && end.kind != ProgramEnd::Kind::Exited) {
-            end.kind = ProgramEnd::Kind::TimedOut;
+        end_.outputText = output_.finish();
+        end_.errorText = errors_.finish();
+        if (killed && end_.kind != ProgramEnd::Kind::Exited) {
+            end_.kind = ProgramEnd::Kind::TimedOut;
         }
-        return end;
+        return end_;
     }
 
   private:
     bool hasEnded() {
         int status = 0;
-        const pid_t ended = waitpid(child, &status, WNOHANG);
+        const pid_t ended = waitpid(child_, &status, WNOHANG);
         if (ended < 0) {
-            end.number = errno;
+            end_.number = errno;
         } else if (ended > 0) {
             const bool exited = WIFEXITED(status);
-            end.kind = exited ? ProgramEnd::Kind::Exited : ProgramEnd::Kind::Signalled;
-            end.number = exited ? WEXITSTATUS(status) : WTERMSIG(status);
+            end_.kind = exited ? ProgramEnd::Kind::Exited : ProgramEnd::Kind::Signalled;
+            end_.number = exited ? WEXITSTATUS(status) : WTERMSIG(status);
         }
         return ended != 0;
     }
 
     void exchange() {
         std::array<pollfd, 4> places{
-            pollfd{input.writing.get(), POLLOUT, 0}, pollfd{output.readingEnd(), POLLIN, 0},
-            pollfd{errors.readingEnd(), POLLIN, 0}, pollfd{endNotice.get(), POLLIN, 0}};
+            pollfd{input_.writing.get(), POLLOUT, 0}, pollfd{output_.readingEnd(), POLLIN, 0},
+            pollfd{errors_.readingEnd(), POLLIN, 0}, pollfd{endNotice_.get(), POLLIN, 0}};
         poll(places.data(), places.size(), pollInterval.count());
         if (places[0].revents != 0) {
             writeInput();
         }
-        output.read();
-        errors.read();
+        output_.read();
+        errors_.read();
     }
 
     void writeInput() {
-        const ssize_t count = write(input.writing.get(), unwritten.data(), unwritten.size());
-        unwritten.remove_prefix(static_cast<size_t>(std::max<ssize_t>(count, 0)));
-        if (unwritten.empty()) {
-            input.writing.close();
+        const ssize_t count = write(input_.writing.get(), unwritten_.data(), unwritten_.size());
+        unwritten_.remove_prefix(static_cast<size_t>(std::max<ssize_t>(count, 0)));
+        if (unwritten_.empty()) {
+            input_.writing.close();
         }
     }
 
     // We keep its reading end open too: when the program closes its input, writing then fails with
     // EAGAIN once the pipe is full, and nobody gets SIGPIPE.
-    Pipe input;
-    ProgramOutput output;
-    ProgramOutput errors;
-    std::string_view unwritten;
-    pid_t child;
-    Descriptor endNotice;
-    ProgramEnd end;
+    Pipe input_;
+    ProgramOutput output_;
+    ProgramOutput errors_;
+    std::string_view unwritten_;
+    pid_t child_;
+    Descriptor endNotice_;
+    ProgramEnd end_;
 };
 
 } // namespace

@@ -11,93 +11,91 @@
 
 namespace turnpost {
 
-SendDriver::SendDriver(const DispatchInputs& dispatchInputs, const Settings& shownSettings,
-                       SendReport& sendReport, Socket& usedSocket, SendDisplay& sendDisplay,
-                       MessageBox& messageBox)
-    : inputs(dispatchInputs), settings(shownSettings), report(sendReport), socket(usedSocket),
-      display(sendDisplay), box(messageBox),
-      session(usedSocket, state, shownSettings, dispatchInputs.game, sendReport, sendDisplay,
-              messageBox, [this] { butSend2_Click(); }) {}
+SendDriver::SendDriver(const DispatchInputs& inputs, const Settings& settings, SendReport& report,
+                       Socket& socket, SendDisplay& display, MessageBox& box)
+    : inputs_(inputs), settings_(settings), report_(report), socket_(socket), display_(display),
+      box_(box), session_(socket, state_, settings, inputs.game, report, display, box,
+                          [this] { butSend2_Click(); }) {}
 
 void SendDriver::butSend_Click() {
-    const std::string address = trimSpaces(settings.SmtpServer);
+    const std::string address = trimSpaces(settings_.SmtpServer);
     if (address.empty()) {
-        box.show(messages::noServerAddress());
+        box_.show(messages::noServerAddress());
         return;
     }
     if (!parseServerAddress(address)) {
-        box.show(messages::invalidServerAddress());
+        box_.show(messages::invalidServerAddress());
         return;
     }
-    if (!isAbsolutePath(inputs.game.GamePath) || !folderHoldsFile(inputs.game.GamePath)) {
-        box.show(messages::invalidGamePath());
+    if (!isAbsolutePath(inputs_.game.GamePath) || !folderHoldsFile(inputs_.game.GamePath)) {
+        box_.show(messages::invalidGamePath());
         return;
     }
-    if (const auto fault = addressFault(settings.HostEmail, Transport::Smtp)) {
-        box.show(messages::ownAddressUnsendable(fault->words));
+    if (const auto fault = addressFault(settings_.HostEmail, Transport::Smtp)) {
+        box_.show(messages::ownAddressUnsendable(fault->words));
         return;
     }
-    display.showBreak({});
-    const auto& rows = inputs.game.rows;
-    state.ServerAddress = address;
-    state.ReachedCount = 0;
-    state.IncludedCount = static_cast<std::int16_t>(std::count_if(
+    display_.showBreak({});
+    const auto& rows = inputs_.game.rows;
+    state_.ServerAddress = address;
+    state_.ReachedCount = 0;
+    state_.IncludedCount = static_cast<std::int16_t>(std::count_if(
         rows.begin(), rows.end(), [](const PlayerSlot& row) { return row.IncludePlayer == 1; }));
-    state.SendCursor = -1;
+    state_.SendCursor = -1;
     butSend2_Click();
 }
 
 void SendDriver::butSend2_Click() {
     do {
-        socket.Close();
-        ++state.SendCursor;
-        if (state.SendCursor >= rowCount) {
-            state.SendCursor = rowCount;
-            display.setProgress(1.0);
-            display.openReport();
+        socket_.Close();
+        ++state_.SendCursor;
+        if (state_.SendCursor >= rowCount) {
+            state_.SendCursor = rowCount;
+            display_.setProgress(1.0);
+            display_.openReport();
             return;
         }
         showRowReached();
     } while (!prepareRow());
     // Only a step without a send before it has no address: a button that nobody sees can be pressed
     // by a program.
-    if (const auto address = parseServerAddress(state.ServerAddress)) {
-        state.SmtpState = LastSent::Nothing;
-        socket.Connect(address->host, address->port);
+    if (const auto address = parseServerAddress(state_.ServerAddress)) {
+        state_.SmtpState = LastSent::Nothing;
+        socket_.Connect(address->host, address->port);
     }
 }
 
 void SendDriver::showRowReached() {
-    if (inputs.game.row(state.SendCursor).IncludePlayer != 1) {
+    if (inputs_.game.row(state_.SendCursor).IncludePlayer != 1) {
         return;
     }
-    ++state.ReachedCount;
+    ++state_.ReachedCount;
     // Rows may have been ticked since the count was taken; the bar must not leave its track.
-    const int included = std::max(state.IncludedCount, state.ReachedCount);
-    display.setProgress(static_cast<double>(state.ReachedCount) / included);
+    const int included = std::max(state_.IncludedCount, state_.ReachedCount);
+    display_.setProgress(static_cast<double>(state_.ReachedCount) / included);
 }
 
 bool SendDriver::prepareRow() {
     // Gives its memory back, too; clear() does not.
-    std::string().swap(state.AttachmentText);
+    std::string().swap(state_.AttachmentText);
     const auto attach = [this](const std::string& path) {
         // The first block is the text itself, not copied into it.
-        state.AttachmentText = std::move(state.AttachmentText) + (UUEncode(path) + "\r\n");
+        state_.AttachmentText = std::move(state_.AttachmentText) + (UUEncode(path) + "\r\n");
     };
-    const auto message = applyRowRules(inputs, state.SendCursor, Transport::Smtp, attach,
-                                       report.line(state.SendCursor));
+    const auto message = applyRowRules(inputs_, state_.SendCursor, Transport::Smtp, attach,
+                                       report_.line(state_.SendCursor));
     if (!message) {
-        std::string().swap(state.AttachmentText);
+        std::string().swap(state_.AttachmentText);
         return false;
     }
-    state.PlayerBody = message->PlayerBody;
-    state.PlayerSubject = message->PlayerSubject;
+    state_.PlayerBody = message->PlayerBody;
+    state_.PlayerSubject = message->PlayerSubject;
     return true;
 }
 
 void SendDriver::abandon() {
-    socket.Close();
-    state.SmtpState = LastSent::Quit;
+    socket_.Close();
+    state_.SmtpState = LastSent::Quit;
 }
 
 } // namespace turnpost

@@ -15,9 +15,8 @@ inline constexpr std::chrono::seconds silenceTimeout{60};
 class SendDriver {
   public:
     /// All references must outlive the driver.
-    SendDriver(const DispatchInputs& dispatchInputs, const Settings& shownSettings,
-               SendReport& sendReport, Socket& usedSocket, SendDisplay& sendDisplay,
-               MessageBox& messageBox);
+    SendDriver(const DispatchInputs& inputs, const Settings& settings, SendReport& report,
+               Socket& socket, SendDisplay& display, MessageBox& box);
 
     /// Starts a send. A missing or invalid server address, a game folder without files, or an
     /// address of the host that cannot be sent as it is shown, is said in a message box and changes
@@ -34,22 +33,22 @@ class SendDriver {
 
     /// True while a connection is being made or is open, unless the server has said nothing for
     /// silenceTimeout: such a send may never end by itself.
-    bool isSending() const { return socket.isOpen() && socket.silence() < silenceTimeout; }
+    bool isSending() const { return socket_.isOpen() && socket_.silence() < silenceTimeout; }
 
-    SendState& sendState() { return state; }
+    SendState& sendState() { return state_; }
 
   private:
     bool prepareRow();
     void showRowReached();
 
-    DispatchInputs inputs;
-    const Settings& settings;
-    SendReport& report;
-    Socket& socket;
-    SendDisplay& display;
-    MessageBox& box;
-    SendState state;
-    SmtpSession session;
+    DispatchInputs inputs_;
+    const Settings& settings_;
+    SendReport& report_;
+    Socket& socket_;
+    SendDisplay& display_;
+    MessageBox& box_;
+    SendState state_;
+    SmtpSession session_;
 };
 
 } // namespace turnpost

@@ -16,18 +16,17 @@ bool isAccepted(const std::string& reply) {
 
 } // namespace
 
-SmtpSession::SmtpSession(Socket& usedSocket, SendState& sendState, const Settings& shownSettings,
-                         const GameDetails& shownGame, SendReport& sendReport,
-                         SendDisplay& sendDisplay, MessageBox& messageBox,
-                         std::function<void()> stepOfDriver)
-    : socket(usedSocket), state(sendState), settings(shownSettings), game(shownGame),
-      report(sendReport), display(sendDisplay), box(messageBox), nextStep(std::move(stepOfDriver)) {
-    socket.setEvents(this);
+SmtpSession::SmtpSession(Socket& socket, SendState& state, const Settings& settings,
+                         const GameDetails& game, SendReport& report, SendDisplay& display,
+                         MessageBox& box, std::function<void()> nextStep)
+    : socket_(socket), state_(state), settings_(settings), game_(game), report_(report),
+      display_(display), box_(box), nextStep_(std::move(nextStep)) {
+    socket_.setEvents(this);
 }
 
 void SmtpSession::DataArrival() {
-    const std::string reply = socket.GetData();
-    const bool rowUnderWay = state.SendCursor >= 0 && state.SendCursor < rowCount;
+    const std::string reply = socket_.GetData();
+    const bool rowUnderWay = state_.SendCursor >= 0 && state_.SendCursor < rowCount;
     if (reply.empty() || !rowUnderWay) {
         return;
     }
@@ -35,50 +34,50 @@ void SmtpSession::DataArrival() {
         takeNextStep();
         return;
     }
-    report.line(state.SendCursor) = messages::smtpError(fromWireBytes(reply));
-    nextStep();
+    report_.line(state_.SendCursor) = messages::smtpError(fromWireBytes(reply));
+    nextStep_();
 }
 
 void SmtpSession::takeNextStep() {
     // Read now, not when the row began: what the host corrects meanwhile reaches the next line.
-    const PlayerSlot& player = game.row(state.SendCursor);
+    const PlayerSlot& player = game_.row(state_.SendCursor);
     if (const auto refusal = checkAddresses(player)) {
-        report.line(state.SendCursor) = refusal->words;
-        nextStep();
+        report_.line(state_.SendCursor) = refusal->words;
+        nextStep_();
         return;
     }
     // The state is that of the line about to be sent before it goes out.
-    switch (state.SmtpState) {
+    switch (state_.SmtpState) {
     case LastSent::Nothing:
-        state.SmtpState = LastSent::Helo;
-        socket.SendData(heloLine(settings));
+        state_.SmtpState = LastSent::Helo;
+        socket_.SendData(heloLine(settings_));
         break;
     case LastSent::Helo:
-        state.SmtpState = LastSent::MailFrom;
-        socket.SendData(mailLine(settings));
+        state_.SmtpState = LastSent::MailFrom;
+        socket_.SendData(mailLine(settings_));
         break;
     case LastSent::MailFrom:
-        state.SmtpState = LastSent::RcptTo;
-        socket.SendData(recipientLine(player));
+        state_.SmtpState = LastSent::RcptTo;
+        socket_.SendData(recipientLine(player));
         break;
     case LastSent::RcptTo:
-        state.SmtpState = LastSent::Data;
-        socket.SendData("DATA\r\n");
+        state_.SmtpState = LastSent::Data;
+        socket_.SendData("DATA\r\n");
         break;
     case LastSent::Data:
-        state.SmtpState = LastSent::MessageText;
+        state_.SmtpState = LastSent::MessageText;
         sendMessage(player);
         break;
     case LastSent::MessageText:
-        state.SmtpState = LastSent::Quit;
+        state_.SmtpState = LastSent::Quit;
         // The message is accepted; what the server says to QUIT changes nothing (RFC
         // 5321, 4.1.1.10).
-        socket.SendData("QUIT\r\n");
+        socket_.SendData("QUIT\r\n");
         // If the greeting came in two pieces, the replies are one step ahead of us and much of the
         // message may still be queued.
-        socket.CloseWhenSent();
-        report.line(state.SendCursor) = messages::emailSent();
-        nextStep();
+        socket_.CloseWhenSent();
+        report_.line(state_.SendCursor) = messages::emailSent();
+        nextStep_();
         break;
     case LastSent::Quit:
         break;
@@ -87,10 +86,10 @@ void SmtpSession::takeNextStep() {
 
 // An address that the next line names may have changed since the row began.
 std::optional<Refusal> SmtpSession::checkAddresses(const PlayerSlot& player) const {
-    const LastSent sent = state.SmtpState;
+    const LastSent sent = state_.SmtpState;
     const bool messageIsNext = sent == LastSent::Data;
     if (sent == LastSent::Nothing || sent == LastSent::Helo || messageIsNext) {
-        if (const auto fault = addressFault(settings.HostEmail, Transport::Smtp)) {
+        if (const auto fault = addressFault(settings_.HostEmail, Transport::Smtp)) {
             return Refusal{messages::ownAddressUnsendable(fault->words)};
         }
     }
@@ -103,18 +102,18 @@ std::optional<Refusal> SmtpSession::checkAddresses(const PlayerSlot& player) con
 }
 
 void SmtpSession::sendMessage(const PlayerSlot& player) {
-    auto sends = messageText(settings, player, state);
+    auto sends = messageText(settings_, player, state_);
     for (std::string& bytes : sends) {
         const bool last = &bytes == &sends.back();
-        socket.SendData(std::move(bytes), last ? Socket::Send::Now : Socket::Send::WithNext);
+        socket_.SendData(std::move(bytes), last ? Socket::Send::Now : Socket::Send::WithNext);
     }
 }
 
 void SmtpSession::Error(int number, const std::string& description) {
-    box.show(messages::socketError(number, description));
-    state.SmtpState = LastSent::Quit;
-    socket.Close();
-    display.showBreak(linesAfterBreak(report, state.SendCursor));
+    box_.show(messages::socketError(number, description));
+    state_.SmtpState = LastSent::Quit;
+    socket_.Close();
+    display_.showBreak(linesAfterBreak(report_, state_.SendCursor));
 }
 
 } // namespace turnpost

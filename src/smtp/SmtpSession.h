@@ -21,10 +21,10 @@ namespace turnpost {
 /// that falls silent leaves the send waiting.
 class SmtpSession final : public SocketEvents {
   public:
-    /// `stepOfDriver` is its butSend2_Click. All references must outlive the session.
-    SmtpSession(Socket& usedSocket, SendState& sendState, const Settings& shownSettings,
-                const GameDetails& shownGame, SendReport& sendReport, SendDisplay& sendDisplay,
-                MessageBox& messageBox, std::function<void()> stepOfDriver);
+    /// `nextStep` is its butSend2_Click. All references must outlive the session.
+    SmtpSession(Socket& socket, SendState& state, const Settings& settings, const GameDetails& game,
+                SendReport& report, SendDisplay& display, MessageBox& box,
+                std::function<void()> nextStep);
 
     /// Takes everything waiting as one reply. Any of the codes 220, 250 and 354 is accepted in any
     /// state and sends the next part; any other reply, a fragment of a code included, ends the
@@ -41,14 +41,14 @@ class SmtpSession final : public SocketEvents {
     std::optional<Refusal> checkAddresses(const PlayerSlot& player) const;
     void sendMessage(const PlayerSlot& player);
 
-    Socket& socket;
-    SendState& state;
-    const Settings& settings;
-    const GameDetails& game;
-    SendReport& report;
-    SendDisplay& display;
-    MessageBox& box;
-    std::function<void()> nextStep;
+    Socket& socket_;
+    SendState& state_;
+    const Settings& settings_;
+    const GameDetails& game_;
+    SendReport& report_;
+    SendDisplay& display_;
+    MessageBox& box_;
+    std::function<void()> nextStep_;
 };
 
 } // namespace turnpost

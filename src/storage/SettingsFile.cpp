@@ -69,34 +69,34 @@ bool survivesRoundTrip(const Settings& settings) {
 
 SettingsFile::SettingsFile(const std::string& programFolder,
                            const std::string& configurationFolder) {
-    filePath = joinPath(programFolder, fileName);
+    filePath_ = joinPath(programFolder, fileName);
     const bool isOurs = nameOfPath(programFolder) != "bin" && isFolderWritable(programFolder);
-    if (!findPath(filePath) && !isOurs && !configurationFolder.empty()) {
-        filePath = joinPath(configurationFolder, fileName);
+    if (!findPath(filePath_) && !isOurs && !configurationFolder.empty()) {
+        filePath_ = joinPath(configurationFolder, fileName);
     }
 }
 
 SettingsFile::Outcome SettingsFile::read(Settings& settings) {
     settings = Settings();
-    keepDamaged = false;
-    if (!findPath(filePath)) {
+    keepDamaged_ = false;
+    if (!findPath(filePath_)) {
         return Outcome::Missing;
     }
-    keepDamaged = true;
-    std::string bytes = readFile(filePath, maxOwnFileBytes + 1);
+    keepDamaged_ = true;
+    std::string bytes = readFile(filePath_, maxOwnFileBytes + 1);
     const bool tooLarge = bytes.size() > maxOwnFileBytes;
     if (tooLarge) {
         // Not inside a character.
         bytes.resize(bytes.rfind('\n') + 1);
     }
     SettingsReading reading = parseSettings(fromFileBytes(bytes));
-    keepDamaged = reading.damaged || tooLarge;
+    keepDamaged_ = reading.damaged || tooLarge;
     settings = std::move(reading.settings);
-    return keepDamaged ? Outcome::Damaged : Outcome::Read;
+    return keepDamaged_ ? Outcome::Damaged : Outcome::Read;
 }
 
 std::string SettingsFile::copyPath() const {
-    const std::string first = joinPath(folderOfPath(filePath), damagedFileName);
+    const std::string first = joinPath(folderOfPath(filePath_), damagedFileName);
     std::string path = first;
     for (int number = 2; findPath(path); ++number) {
         path = first + std::to_string(number);
@@ -105,13 +105,13 @@ std::string SettingsFile::copyPath() const {
 }
 
 void SettingsFile::write(const Settings& settings) {
-    if (keepDamaged && findPath(filePath)) {
-        replaceFile(copyPath(), readFile(filePath));
-        keepDamaged = false;
+    if (keepDamaged_ && findPath(filePath_)) {
+        replaceFile(copyPath(), readFile(filePath_));
+        keepDamaged_ = false;
     }
     std::error_code error;
-    std::filesystem::create_directories(toNativePath(folderOfPath(filePath)), error);
-    writeOwnFile(filePath, printSettings(settings));
+    std::filesystem::create_directories(toNativePath(folderOfPath(filePath_)), error);
+    writeOwnFile(filePath_, printSettings(settings));
 }
 
 } // namespace turnpost

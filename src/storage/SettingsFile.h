@@ -38,7 +38,7 @@ class SettingsFile {
 
     SettingsFile(const std::string& programFolder, const std::string& configurationFolder);
 
-    const std::string& path() const { return filePath; }
+    const std::string& path() const { return filePath_; }
 
     /// Reads the file into `settings`; a missing one gives the start values. Throws FileError when
     /// there is a file that cannot be read; `settings` are the start values then too. One above
@@ -54,8 +54,8 @@ class SettingsFile {
     void write(const Settings& settings);
 
   private:
-    std::string filePath;
-    bool keepDamaged = false;
+    std::string filePath_;
+    bool keepDamaged_ = false;
 };
 
 } // namespace turnpost

@@ -12,7 +12,8 @@ struct Version {
     int revision = 0;
 };
 
-inline constexpr Version currentVersion{1, 3, 0};
+/// That of this release, given to the build by CMakeLists.txt.
+extern const Version currentVersion;
 
 /// Major, minor and revision in decimal without padding, joined by ".": 1.3.0.
 std::string versionText(const Version& version = currentVersion);

@@ -12,21 +12,21 @@ namespace {
 class AccessibleBar final : public QAccessibleWidget, public QAccessibleValueInterface {
   public:
     explicit AccessibleBar(FilledBar* read)
-        : QAccessibleWidget(read, QAccessible::ProgressBar), bar(read) {}
+        : QAccessibleWidget(read, QAccessible::ProgressBar), bar_(read) {}
 
     void* interface_cast(QAccessible::InterfaceType type) override {
         return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
                                                    : QAccessibleWidget::interface_cast(type);
     }
 
-    QVariant currentValue() const override { return bar->percent(); }
+    QVariant currentValue() const override { return bar_->percent(); }
     QVariant minimumValue() const override { return 0; }
     QVariant maximumValue() const override { return 100; }
     QVariant minimumStepSize() const override { return 1; }
     void setCurrentValue(const QVariant&) override {}
 
   private:
-    FilledBar* bar;
+    FilledBar* bar_;
 };
 
 QAccessibleInterface* makeAccessible(const QString&, QObject* object) {

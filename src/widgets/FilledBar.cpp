@@ -5,15 +5,15 @@
 
 namespace turnpost {
 
-FilledBar::FilledBar(QWidget* parent, int track) : QFrame(parent), trackLength(track) {
+FilledBar::FilledBar(QWidget* parent, int track) : QFrame(parent), trackLength_(track) {
     setBackgroundRole(QPalette::Highlight);
     setAutoFillBackground(true);
 }
 
 void FilledBar::setFraction(double fraction) {
-    resize(static_cast<int>(std::lround(fraction * trackLength)), height());
-    filledPercent = static_cast<int>(std::lround(fraction * 100));
-    QAccessibleValueChangeEvent changed(this, filledPercent);
+    resize(static_cast<int>(std::lround(fraction * trackLength_)), height());
+    filledPercent_ = static_cast<int>(std::lround(fraction * 100));
+    QAccessibleValueChangeEvent changed(this, filledPercent_);
     QAccessible::updateAccessibility(&changed);
 }
 

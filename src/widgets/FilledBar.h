@@ -14,11 +14,11 @@ class FilledBar final : public QFrame {
     /// Sets the length, from 0 to 1 of the track.
     void setFraction(double fraction);
 
-    int percent() const { return filledPercent; }
+    int percent() const { return filledPercent_; }
 
   private:
-    int trackLength;
-    int filledPercent = 0;
+    int trackLength_;
+    int filledPercent_ = 0;
 };
 
 } // namespace turnpost

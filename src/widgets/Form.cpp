@@ -32,7 +32,7 @@ void showAsReadOnly(QWidget* box) {
 
 Form::Form(QWidget* parent, const QString& name, const QString& caption, QSize clientSize,
            Frame frame)
-    : QDialog(parent), clientArea(new QWidget(this)) {
+    : QDialog(parent), clientArea_(new QWidget(this)) {
     if (frame == Frame::Dialog) {
         frameAsDialog(this);
     } else {
@@ -46,13 +46,13 @@ Form::Form(QWidget* parent, const QString& name, const QString& caption, QSize c
     QFont small = font();
     small.setPixelSize(fontPixels);
     setFont(small);
-    clientArea->resize(toPixels(clientSize.width()), toPixels(clientSize.height()));
-    setFixedSize(clientArea->size());
+    clientArea_->resize(toPixels(clientSize.width()), toPixels(clientSize.height()));
+    setFixedSize(clientArea_->size());
 }
 
 void Form::setMenuHeight(int pixels) {
-    clientArea->move(0, pixels);
-    setFixedSize(clientArea->width(), clientArea->height() + pixels);
+    clientArea_->move(0, pixels);
+    setFixedSize(clientArea_->width(), clientArea_->height() + pixels);
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
@@ -68,7 +68,7 @@ void Form::keyPressEvent(QKeyEvent* event) {
 }
 
 QLabel* Form::addLabel(const QString& name, const QString& caption, const QRect& place) {
-    auto* label = new QLabel(clientArea);
+    auto* label = new QLabel(clientArea_);
     label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -81,12 +81,12 @@ QLabel* Form::addLabel(const QString& name, const QString& caption, const QRect&
 
 QLineEdit* Form::addTextBox(const QString& name, const QRect& place,
                             const QString& accessibleName) {
-    return makeTextBox(clientArea, name, place, accessibleName);
+    return makeTextBox(clientArea_, name, place, accessibleName);
 }
 
 QPlainTextEdit* Form::addTextArea(const char* name, const QRect& place,
                                   const QString& accessibleName) {
-    auto* box = new QPlainTextEdit(clientArea);
+    auto* box = new QPlainTextEdit(clientArea_);
     box->setObjectName(name);
     box->setGeometry(place);
     box->setAccessibleName(accessibleName);
@@ -95,7 +95,7 @@ QPlainTextEdit* Form::addTextArea(const char* name, const QRect& place,
 }
 
 QPushButton* Form::addButton(const QString& name, const QString& caption, const QRect& place) {
-    auto* button = new CaptionButton(caption, clientArea);
+    auto* button = new CaptionButton(caption, clientArea_);
     button->setObjectName(name);
     button->setGeometry(place);
     button->setAutoDefault(false);

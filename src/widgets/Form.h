@@ -38,10 +38,10 @@ class Form : public QDialog {
                                 const QString& accessibleName);
     QPushButton* addButton(const QString& name, const QString& caption, const QRect& place);
 
-    QWidget* client() const { return clientArea; }
+    QWidget* client() const { return clientArea_; }
 
   private:
-    QWidget* clientArea;
+    QWidget* clientArea_;
 };
 
 /// A one-line text box that holds one line of any length (OneLineBox), at a place in pixels.

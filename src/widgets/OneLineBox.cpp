@@ -50,7 +50,7 @@ OneLineBox::OneLineBox(QWidget* parent) : QLineEdit(parent) {
 // What comes from another program, as this box takes it.
 QString OneLineBox::foreignLine(const QString& text) const {
     QString line = lineOf(text);
-    if (takesAddresses) {
+    if (takesAddresses_) {
         line.replace(QChar::Nbsp, QChar::Space);
         // None of them takes two units of UTF-16.
         line.removeIf([](QChar c) { return isInvisible(c.unicode()); });

@@ -14,7 +14,7 @@ class OneLineBox final : public QLineEdit {
 
     /// What is pasted or dropped is an address from now on: invisible characters are left out, and
     /// a hard blank becomes a plain one. What is set or typed stays as it is.
-    void takeAddresses() { takesAddresses = true; }
+    void takeAddresses() { takesAddresses_ = true; }
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -28,7 +28,7 @@ class OneLineBox final : public QLineEdit {
     void endUndoStep();
     void pasteLine(QClipboard::Mode from);
 
-    bool takesAddresses = false;
+    bool takesAddresses_ = false;
 };
 
 /// Shows a text in a one-line box. A box that shows it already keeps its cursor and its undo; any

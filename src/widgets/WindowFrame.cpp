@@ -42,20 +42,20 @@ void leaveTaskBar(const QWidget*) {}
 
 class Placing final : public QObject {
   public:
-    Placing(QWidget* placed, bool isDialog) : QObject(placed), window(placed), dialog(isDialog) {
-        window->installEventFilter(this);
+    Placing(QWidget* placed, bool isDialog) : QObject(placed), window_(placed), dialog_(isDialog) {
+        window_->installEventFilter(this);
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched == window) {
-            if (event->type() == QEvent::WinIdChange && dialog && window->windowHandle()) {
-                leaveTaskBar(window);
-            } else if (event->type() == QEvent::Show && !shown) {
-                shown = true;
+        if (watched == window_) {
+            if (event->type() == QEvent::WinIdChange && dialog_ && window_->windowHandle()) {
+                leaveTaskBar(window_);
+            } else if (event->type() == QEvent::Show && !shown_) {
+                shown_ = true;
                 centre();
-            } else if (shown && !framed && tellsOfFrame(event->type()) &&
-                       margins != window->windowHandle()->frameMargins()) {
-                framed = true;
+            } else if (shown_ && !framed_ && tellsOfFrame(event->type()) &&
+                       margins_ != window_->windowHandle()->frameMargins()) {
+                framed_ = true;
                 QMetaObject::invokeMethod(
                     this, [this] { centre(); }, Qt::QueuedConnection);
             }
@@ -70,17 +70,17 @@ class Placing final : public QObject {
     }
 
     void centre() {
-        margins = window->windowHandle()->frameMargins();
-        QRect frame = window->geometry().marginsAdded(margins);
-        frame.moveCenter(window->screen()->availableGeometry().center());
-        window->move(frame.topLeft());
+        margins_ = window_->windowHandle()->frameMargins();
+        QRect frame = window_->geometry().marginsAdded(margins_);
+        frame.moveCenter(window_->screen()->availableGeometry().center());
+        window_->move(frame.topLeft());
     }
 
-    QWidget* window;
-    bool dialog;
-    bool shown = false;
-    bool framed = false;
-    QMargins margins;
+    QWidget* window_;
+    bool dialog_;
+    bool shown_ = false;
+    bool framed_ = false;
+    QMargins margins_;
 };
 
 } // namespace

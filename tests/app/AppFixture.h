@@ -54,11 +54,11 @@ class AppFixture : public testing::Test {
     FakeWindows windows;
     FakeSocket socket;
     Texts mailCalls;
-    FakeMail* mailMessages = nullptr;
+    FakeMail* mail = nullptr;
     Application application{
         windows, socket, {program.path(), host.path()}, [this](const Settings&) {
             auto messages = std::make_unique<FakeMail>(mailCalls);
-            mailMessages = messages.get();
+            mail = messages.get();
             return MailSystem{std::make_unique<FakeMail>(mailCalls), std::move(messages)};
         }};
     const SharedValues& values = application.values();

@@ -29,7 +29,7 @@ TEST_F(Commands, TheMailSystemTakesOverOnlyFromAServerThatIsGoneOrSilentForAMinu
 }
 
 TEST_F(Commands, WhileAMailClientRunsAMessageLoopOfItsOwnNeitherButtonStartsASecondSend) {
-    mailMessages->inSend = [this] {
+    mail->inSend = [this] {
         if (game.rows[3].PlayerEmail != "late@example.org") {
             application.butSend_Click();
             application.sendByMailSystem();

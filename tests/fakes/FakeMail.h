@@ -14,7 +14,7 @@ class FakeMail final : public MailSession, public ComposedMessage {
   public:
     using Record = std::vector<std::string>;
 
-    explicit FakeMail(Record& record) : calls(record) {}
+    explicit FakeMail(Record& record) : calls_(record) {}
 
     long openSession = 42;
     std::function<std::optional<Refusal>()> inSend = [] { return std::nullopt; };
@@ -22,32 +22,32 @@ class FakeMail final : public MailSession, public ComposedMessage {
     void NewSession(bool wanted) override { note("NewSession", wanted); }
     void LogonUI(bool wanted) override { note("LogonUI", wanted); }
     void DownLoadMail(bool wanted) override { note("DownLoadMail", wanted); }
-    void UserName(const std::string& name) override { calls.push_back("UserName " + name); }
-    void Password(const std::string& word) override { calls.push_back("Password " + word); }
-    void SignOn() override { calls.emplace_back("SignOn"); }
+    void UserName(const std::string& name) override { calls_.push_back("UserName " + name); }
+    void Password(const std::string& word) override { calls_.push_back("Password " + word); }
+    void SignOn() override { calls_.emplace_back("SignOn"); }
     using ComposedMessage::SessionID;
     long SessionID() const override { return openSession; }
-    void SignOff() override { calls.emplace_back("SignOff"); }
+    void SignOff() override { calls_.emplace_back("SignOff"); }
 
     std::optional<Refusal> Send() override {
         note("Send", sessionId);
-        calls.push_back(subject + "|" + noteText);
+        calls_.push_back(subject + "|" + noteText);
         for (const MailAttachment& file : attachments) {
             note(file.AttachmentPathName, file.AttachmentPosition);
         }
         for (const MailRecipient& to : recipients) {
             note(to.RecipDisplayName, to.RecipType);
-            calls.push_back("Address " + to.RecipAddress);
+            calls_.push_back("Address " + to.RecipAddress);
         }
         return inSend();
     }
 
   private:
     void note(const std::string& member, long value) {
-        calls.push_back(member + " " + std::to_string(value));
+        calls_.push_back(member + " " + std::to_string(value));
     }
 
-    Record& calls;
+    Record& calls_;
 };
 
 } // namespace turnpost

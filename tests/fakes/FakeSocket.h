@@ -18,26 +18,26 @@ class FakeSocket final : public Socket {
     std::vector<std::string> sent;
     std::chrono::seconds silent{0};
 
-    void setEvents(SocketEvents* newEvents) override { events = newEvents; }
+    void setEvents(SocketEvents* newEvents) override { events_ = newEvents; }
 
     void Connect(const std::string& host, std::uint16_t port) override {
-        require(!open, "Connect without closing the connection before");
+        require(!open_, "Connect without closing the connection before");
         servers.push_back(host + ":" + std::to_string(port));
         sent.emplace_back();
-        open = true;
+        open_ = true;
     }
 
     using Socket::SendData;
     void SendData(std::string bytes, Send) override {
-        require(open, "SendData without a connection");
+        require(open_, "SendData without a connection");
         sent.back() += bytes;
     }
 
-    std::string GetData() override { return std::exchange(waiting, {}); }
+    std::string GetData() override { return std::exchange(waiting_, {}); }
 
     void Close() override {
-        open = false;
-        waiting.clear();
+        open_ = false;
+        waiting_.clear();
     }
 
     std::chrono::steady_clock::duration silence() const override { return silent; }
@@ -47,15 +47,15 @@ class FakeSocket final : public Socket {
         Close();
     }
 
-    bool isOpen() const override { return open; }
+    bool isOpen() const override { return open_; }
 
     /// One arrival of data. Delivered without a connection too: what is late must do no harm.
     void arrive(const std::string& bytes) {
-        waiting += bytes;
-        events->DataArrival();
+        waiting_ += bytes;
+        events_->DataArrival();
     }
 
-    void fail(int number, const std::string& description) { events->Error(number, description); }
+    void fail(int number, const std::string& description) { events_->Error(number, description); }
 
   private:
     static void require(bool holds, const char* misuse) {
@@ -64,9 +64,9 @@ class FakeSocket final : public Socket {
         }
     }
 
-    SocketEvents* events = nullptr;
-    std::string waiting;
-    bool open = false;
+    SocketEvents* events_ = nullptr;
+    std::string waiting_;
+    bool open_ = false;
 };
 
 } // namespace turnpost

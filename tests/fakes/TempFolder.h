@@ -15,17 +15,17 @@ namespace turnpost {
 /// A folder of its own for one test, gone at its end. Names are relative to it.
 class TempFolder {
   public:
-    TempFolder() { std::filesystem::create_directory(folder); }
+    TempFolder() { std::filesystem::create_directory(folder_); }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
     ~TempFolder() {
         // A test may have taken the right to write.
         std::error_code ignored;
-        std::filesystem::permissions(folder, std::filesystem::perms::owner_all, ignored);
-        std::filesystem::remove_all(folder, ignored);
+        std::filesystem::permissions(folder_, std::filesystem::perms::owner_all, ignored);
+        std::filesystem::remove_all(folder_, ignored);
     }
 
-    std::string path() const { return fromNativePath(folder); }
+    std::string path() const { return fromNativePath(folder_); }
     std::string path(const std::string& name) const {
         return fromNativePath(toNativePath(joinPath(path(), name)).make_preferred());
     }
@@ -47,15 +47,15 @@ class TempFolder {
     /// The names of everything that lies in it, hidden neighbours included.
     std::set<std::string> names() const {
         std::set<std::string> found;
-        for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
             found.insert(fromNativePath(entry.path().filename()));
         }
         return found;
     }
 
   private:
-    const std::filesystem::path folder = std::filesystem::temp_directory_path() /
-                                         ("turnpost-" + std::to_string(std::random_device()()));
+    const std::filesystem::path folder_ = std::filesystem::temp_directory_path() /
+                                          ("turnpost-" + std::to_string(std::random_device()()));
 };
 
 } // namespace turnpost

@@ -11,18 +11,18 @@ namespace turnpost {
 class ParsedMail {
   public:
     explicit ParsedMail(const std::string& message) {
-        temp.write("message", message);
+        temp_.write("message", message);
         const ProgramEnd end = runProgram(
             "/usr/bin/python3",
-            {TURNPOST_TESTS "/support/parse_mail.py", temp.path("message"), temp.path("parsed")},
+            {TURNPOST_TESTS "/support/parse_mail.py", temp_.path("message"), temp_.path("parsed")},
             "", std::chrono::seconds(20));
         EXPECT_TRUE(end.kind == ProgramEnd::Kind::Exited && end.number == 0) << end.errorText;
     }
 
-    std::string operator[](const std::string& name) const { return temp.read("parsed/" + name); }
+    std::string operator[](const std::string& name) const { return temp_.read("parsed/" + name); }
 
   private:
-    TempFolder temp;
+    TempFolder temp_;
 };
 
 } // namespace turnpost

@@ -45,30 +45,30 @@ class MailServer {
   public:
     /// Throws when it does not come up.
     MailServer() {
-        if (!serverAddress.empty()) {
+        if (!serverAddress_.empty()) {
             return;
         }
-        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        process.start("/usr/bin/python3", {TURNPOST_TESTS "/support/mailbox_server.py", mailbox});
-        if (!waitUntil([this] { return process.canReadLine(); })) {
-            throw std::runtime_error("no mail server: " + process.errorString().toStdString());
+        process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process_.start("/usr/bin/python3", {TURNPOST_TESTS "/support/mailbox_server.py", mailbox_});
+        if (!waitUntil([this] { return process_.canReadLine(); })) {
+            throw std::runtime_error("no mail server: " + process_.errorString().toStdString());
         }
-        serverAddress = "127.0.0.1:" + process.readLine().trimmed().toStdString();
+        serverAddress_ = "127.0.0.1:" + process_.readLine().trimmed().toStdString();
     }
     MailServer(const MailServer&) = delete;
     MailServer& operator=(const MailServer&) = delete;
     ~MailServer() {
-        process.kill();
-        process.waitForFinished();
+        process_.kill();
+        process_.waitForFinished();
     }
 
     /// As the host would enter it.
-    const std::string& address() const { return serverAddress; }
+    const std::string& address() const { return serverAddress_; }
 
     /// Waits until this many messages are stored, but not for ever, then takes all there are out of
     /// the maildir.
     std::vector<StoredMail> take(int expected) const {
-        const QDir arrived(mailbox + "/new");
+        const QDir arrived(mailbox_ + "/new");
         const auto names = [&] { return arrived.entryList(QDir::Files); };
         waitUntil([&] { return names().size() >= expected; }, 30000);
         std::vector<StoredMail> mails;
@@ -81,10 +81,10 @@ class MailServer {
     }
 
   private:
-    QTemporaryDir folder;
-    QProcess process;
-    std::string serverAddress = qEnvironmentVariable("TURNPOST_SERVER").toStdString();
-    QString mailbox = qEnvironmentVariable("TURNPOST_MAILBOX", folder.filePath("mail"));
+    QTemporaryDir folder_;
+    QProcess process_;
+    std::string serverAddress_ = qEnvironmentVariable("TURNPOST_SERVER").toStdString();
+    QString mailbox_ = qEnvironmentVariable("TURNPOST_MAILBOX", folder_.filePath("mail"));
 };
 
 } // namespace turnpost::automation

@@ -7,17 +7,17 @@ namespace turnpost {
 /// While it lives, root, who may read and write everything, is somebody who may not.
 class Unprivileged {
   public:
-    Unprivileged() : wasRoot(geteuid() == 0 && seteuid(65534) == 0) {}
+    Unprivileged() : wasRoot_(geteuid() == 0 && seteuid(65534) == 0) {}
     Unprivileged(const Unprivileged&) = delete;
     Unprivileged& operator=(const Unprivileged&) = delete;
     ~Unprivileged() {
-        if (wasRoot && seteuid(0) != 0) {
+        if (wasRoot_ && seteuid(0) != 0) {
             _exit(1);
         }
     }
 
   private:
-    bool wasRoot;
+    bool wasRoot_;
 };
 
 } // namespace turnpost

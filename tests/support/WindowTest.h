@@ -19,12 +19,12 @@ class WindowTest : public testing::Test {
     /// The program anew, in the same folder; the one before is gone.
     Host& start(const Application::MailSystemMaker& makeMail = makeMailSystem) {
         leave();
-        return desk.emplace(folder.path(), makeMail);
+        return desk_.emplace(folder.path(), makeMail);
     }
 
-    Host& host() { return *desk; }
-    frmMain& window() { return desk->window(); }
-    const SharedValues& values() { return desk->desktop().app().values(); }
+    Host& host() { return *desk_; }
+    frmMain& window() { return desk_->window(); }
+    const SharedValues& values() { return desk_->desktop().app().values(); }
 
     void open(const QString& opener) {
         opener.startsWith("mnu") ? host().chooseMenu(opener) : host().click(opener);
@@ -48,14 +48,14 @@ class WindowTest : public testing::Test {
 
   private:
     void leave() {
-        if (desk) {
-            EXPECT_TRUE(desk->watcher().done()) << "an expected window did not open";
-            EXPECT_EQ(desk->watcher().faults(), std::vector<std::string>{});
-            desk.reset();
+        if (desk_) {
+            EXPECT_TRUE(desk_->watcher().done()) << "an expected window did not open";
+            EXPECT_EQ(desk_->watcher().faults(), std::vector<std::string>{});
+            desk_.reset();
         }
     }
 
-    std::optional<Host> desk;
+    std::optional<Host> desk_;
 };
 
 } // namespace turnpost::automation

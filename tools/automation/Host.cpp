@@ -32,15 +32,15 @@ QStringList partsOf(const QString& folder) {
 } // namespace
 
 Host::Host(const std::string& folder, const Application::MailSystemMaker& makeMail)
-    : programFolder(folder.empty() ? temporary.path().toStdString() : folder),
-      program({programFolder, programFolder}, makeMail) {}
+    : programFolder_(folder.empty() ? temporary_.path().toStdString() : folder),
+      program_({programFolder_, programFolder_}, makeMail) {}
 
 void Host::saveSettings(const std::string& smtpServer) const {
     Settings settings;
     settings.HostName = "Game Host";
     settings.HostEmail = "host@example.org";
     settings.SmtpServer = smtpServer;
-    replaceFile(joinPath(programFolder, "TURNPOST.INI"), printSettings(settings));
+    replaceFile(joinPath(programFolder_, "TURNPOST.INI"), printSettings(settings));
 }
 
 void Host::click(const QString& button, QWidget* form) {
@@ -99,7 +99,7 @@ void Host::selectFile(QWidget& picker, const QString& folder, const QString& fil
 }
 
 void Host::expectPicker(const QString& file) {
-    modals.expect("frmOpen", [this, file](QWidget& form) {
+    modals_.expect("frmOpen", [this, file](QWidget& form) {
         selectFile(form, {}, file);
         click("butLoad", &form);
     });
@@ -112,9 +112,9 @@ void Host::findGame() {
 
 std::map<int, std::string> Host::startGame(const std::string& smtpServer,
                                            const std::map<int, size_t>& lengths) {
-    auto files = makeSampleGame(programFolder, lengths);
+    auto files = makeSampleGame(programFolder_, lengths);
     saveSettings(smtpServer);
-    program.startUp();
+    program_.startUp();
     findGame();
     for (const auto& [player, length] : lengths) {
         type(QString("PlayerEmail(%1)").arg(player - 1), QString("p%1@example.org").arg(player));

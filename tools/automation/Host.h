@@ -21,13 +21,13 @@ class Host {
     /// A settings file for the program to find at start-up, with this server.
     void saveSettings(const std::string& smtpServer) const;
 
-    Desktop& desktop() { return program; }
-    frmMain& window() { return program.mainWindow(); }
-    ModalWatcher& watcher() { return modals; }
-    std::string folder() const { return programFolder; }
+    Desktop& desktop() { return program_; }
+    frmMain& window() { return program_.mainWindow(); }
+    ModalWatcher& watcher() { return modals_; }
+    std::string folder() const { return programFolder_; }
 
     /// Hands the windows over to a real person.
-    void release() { modals.stop(); }
+    void release() { modals_.stop(); }
 
     // Controls are named as in the forms; rows as "PlayerName(0)". `form` is the main window unless
     // given. Text is typed over what the box holds; a line feed in it is the Return key.
@@ -53,10 +53,10 @@ class Host {
   private:
     QWidget* formOr(QWidget* form) { return form == nullptr ? &window() : form; }
 
-    QTemporaryDir temporary;
-    std::string programFolder;
-    Desktop program;
-    ModalWatcher modals;
+    QTemporaryDir temporary_;
+    std::string programFolder_;
+    Desktop program_;
+    ModalWatcher modals_;
 };
 
 /// The control of this name; ends the test by an exception when there is none.

@@ -16,12 +16,12 @@ constexpr int openTimeout = 4000; // ticks
 } // namespace
 
 ModalWatcher::ModalWatcher() {
-    connect(&timer, &QTimer::timeout, this, &ModalWatcher::look);
-    timer.start(tick);
+    connect(&timer_, &QTimer::timeout, this, &ModalWatcher::look);
+    timer_.start(tick);
 }
 
 void ModalWatcher::expect(const QString& name, Action action) {
-    expected.push_back({name, std::move(action)});
+    expected_.push_back({name, std::move(action)});
 }
 
 void ModalWatcher::expectMessage() {
@@ -31,11 +31,11 @@ void ModalWatcher::expectMessage() {
 void ModalWatcher::readMessage(QWidget& window) {
     auto* box = qobject_cast<QMessageBox*>(&window);
     if (box == nullptr) {
-        seenFaults.emplace_back("no message box");
+        seenFaults_.emplace_back("no message box");
         window.close();
         return;
     }
-    seenTexts.push_back(box->text().toStdString());
+    seenTexts_.push_back(box->text().toStdString());
     box->button(QMessageBox::Ok)->click();
 }
 
@@ -45,43 +45,43 @@ void ModalWatcher::expectReport() {
 
 void ModalWatcher::readReport(QWidget& report) {
     const auto* text = report.findChild<QPlainTextEdit*>("txtReport");
-    seenTexts.push_back(text->toPlainText().toStdString());
+    seenTexts_.push_back(text->toPlainText().toStdString());
     report.close();
 }
 
 bool ModalWatcher::done() const {
-    return expected.empty() && QApplication::activeModalWidget() == nullptr;
+    return expected_.empty() && QApplication::activeModalWidget() == nullptr;
 }
 
 void ModalWatcher::look() {
     QWidget* modal = QApplication::activeModalWidget();
     if (modal == nullptr) {
-        current = nullptr;
+        current_ = nullptr;
         return;
     }
-    std::erase_if(open, [](const QPointer<QWidget>& window) { return window.isNull(); });
-    const bool known = std::find(open.begin(), open.end(), modal) != open.end();
+    std::erase_if(open_, [](const QPointer<QWidget>& window) { return window.isNull(); });
+    const bool known = std::find(open_.begin(), open_.end(), modal) != open_.end();
     if (known) {
-        ticksOpen = modal == current ? ticksOpen + 1 : 0;
-        current = modal;
-        if (ticksOpen > openTimeout) {
-            seenFaults.push_back("left open: " + modal->objectName().toStdString());
+        ticksOpen_ = modal == current_ ? ticksOpen_ + 1 : 0;
+        current_ = modal;
+        if (ticksOpen_ > openTimeout) {
+            seenFaults_.push_back("left open: " + modal->objectName().toStdString());
             modal->close();
         }
         return;
     }
-    open.emplace_back(modal);
-    current = modal;
-    ticksOpen = 0;
-    if (expected.empty() || expected.front().name != modal->objectName()) {
+    open_.emplace_back(modal);
+    current_ = modal;
+    ticksOpen_ = 0;
+    if (expected_.empty() || expected_.front().name != modal->objectName()) {
         const auto* box = qobject_cast<QMessageBox*>(modal);
-        seenFaults.push_back("unexpected: " + modal->objectName().toStdString() +
-                             (box == nullptr ? std::string() : box->text().toStdString()));
+        seenFaults_.push_back("unexpected: " + modal->objectName().toStdString() +
+                              (box == nullptr ? std::string() : box->text().toStdString()));
         modal->close();
         return;
     }
-    const Action action = std::move(expected.front().action);
-    expected.pop_front();
+    const Action action = std::move(expected_.front().action);
+    expected_.pop_front();
     // Queued: an action may open further windows, and the timer has to see those.
     QMetaObject::invokeMethod(
         modal,
@@ -89,7 +89,7 @@ void ModalWatcher::look() {
             try {
                 action(*modal);
             } catch (const std::exception& failure) {
-                seenFaults.emplace_back(failure.what());
+                seenFaults_.emplace_back(failure.what());
                 modal->close();
             }
         },

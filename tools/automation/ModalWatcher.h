@@ -38,17 +38,17 @@ class ModalWatcher final : public QObject {
     void readReport(QWidget& report);
 
     /// Leaves modal windows to the person from now on.
-    void stop() { timer.stop(); }
+    void stop() { timer_.stop(); }
 
     /// True when every expected window has come and gone.
     bool done() const;
 
-    const std::vector<std::string>& texts() const { return seenTexts; }
+    const std::vector<std::string>& texts() const { return seenTexts_; }
 
     /// Gives the texts and keeps none.
-    std::vector<std::string> takeTexts() { return std::exchange(seenTexts, {}); }
+    std::vector<std::string> takeTexts() { return std::exchange(seenTexts_, {}); }
 
-    const std::vector<std::string>& faults() const { return seenFaults; }
+    const std::vector<std::string>& faults() const { return seenFaults_; }
 
   private:
     struct Expected {
@@ -58,13 +58,13 @@ class ModalWatcher final : public QObject {
 
     void look();
 
-    std::deque<Expected> expected;
-    QTimer timer;
-    QPointer<QWidget> current;
-    int ticksOpen = 0;
-    std::vector<QPointer<QWidget>> open;
-    std::vector<std::string> seenTexts;
-    std::vector<std::string> seenFaults;
+    std::deque<Expected> expected_;
+    QTimer timer_;
+    QPointer<QWidget> current_;
+    int ticksOpen_ = 0;
+    std::vector<QPointer<QWidget>> open_;
+    std::vector<std::string> seenTexts_;
+    std::vector<std::string> seenFaults_;
 };
 
 } // namespace turnpost::automation

@@ -7,32 +7,32 @@ namespace turnpost::automation {
 using Transfer = SystemSocket::Transfer;
 
 PeerSocket::PeerSocket(std::intptr_t connected, Received onReceived, Ended onEnded)
-    : system(connected), received(std::move(onReceived)), ended(std::move(onEnded)),
-      readable(connected, QSocketNotifier::Read), writable(connected, QSocketNotifier::Write) {
-    writable.setEnabled(false);
-    connect(&readable, &QSocketNotifier::activated, this, &PeerSocket::read);
-    connect(&writable, &QSocketNotifier::activated, this, &PeerSocket::write);
+    : system_(connected), received_(std::move(onReceived)), ended_(std::move(onEnded)),
+      readable_(connected, QSocketNotifier::Read), writable_(connected, QSocketNotifier::Write) {
+    writable_.setEnabled(false);
+    connect(&readable_, &QSocketNotifier::activated, this, &PeerSocket::read);
+    connect(&writable_, &QSocketNotifier::activated, this, &PeerSocket::write);
 }
 
 void PeerSocket::send(const std::string& bytes) {
-    outgoing += bytes;
-    if (system.isOpen() && !outgoing.empty()) {
+    outgoing_ += bytes;
+    if (system_.isOpen() && !outgoing_.empty()) {
         write();
     }
 }
 
 void PeerSocket::release() {
-    for (const char byte : std::exchange(kept, {})) {
+    for (const char byte : std::exchange(kept_, {})) {
         send(std::string(1, byte));
     }
-    readable.setEnabled(system.isOpen());
+    readable_.setEnabled(system_.isOpen());
 }
 
 void PeerSocket::close(bool byReset) {
     if (byReset) {
         // A linger time of zero turns the close into a reset.
         const linger now{1, 0};
-        setsockopt(static_cast<SocketHandle>(system.descriptor()), SOL_SOCKET, SO_LINGER,
+        setsockopt(static_cast<SocketHandle>(system_.descriptor()), SOL_SOCKET, SO_LINGER,
                    reinterpret_cast<const char*>(&now), sizeof now);
     }
     end(false);
@@ -40,46 +40,46 @@ void PeerSocket::close(bool byReset) {
 
 void PeerSocket::read() {
     std::string bytes;
-    const auto state = system.receive(bytes).state;
+    const auto state = system_.receive(bytes).state;
     if (state == Transfer::Moved) {
-        received(bytes);
+        received_(bytes);
     } else if (state == Transfer::Failed) {
         end(true);
-    } else if (state == Transfer::Ended && !kept.empty()) {
+    } else if (state == Transfer::Ended && !kept_.empty()) {
         // The late answer; the next look tells whether the client met it with a reset.
         release();
-    } else if (state == Transfer::Ended && !outgoing.empty()) {
+    } else if (state == Transfer::Ended && !outgoing_.empty()) {
         // The end of stream is still there when all has been sent.
-        readable.setEnabled(false);
-        readsWhenSent = true;
+        readable_.setEnabled(false);
+        readsWhenSent_ = true;
     } else if (state == Transfer::Ended) {
         end(false);
     }
 }
 
 void PeerSocket::write() {
-    const Transfer transfer = system.send(outgoing);
+    const Transfer transfer = system_.send(outgoing_);
     if (transfer.state == Transfer::Failed) {
         end(true);
         return;
     }
-    outgoing.erase(0, transfer.count);
-    writable.setEnabled(!outgoing.empty());
-    if (outgoing.empty() && std::exchange(readsWhenSent, false)) {
-        readable.setEnabled(true);
+    outgoing_.erase(0, transfer.count);
+    writable_.setEnabled(!outgoing_.empty());
+    if (outgoing_.empty() && std::exchange(readsWhenSent_, false)) {
+        readable_.setEnabled(true);
     }
 }
 
 void PeerSocket::end(bool byReset) {
-    if (!system.isOpen()) {
+    if (!system_.isOpen()) {
         return;
     }
-    readable.setEnabled(false);
-    writable.setEnabled(false);
-    system.close();
-    outgoing.clear();
-    kept.clear();
-    ended(byReset);
+    readable_.setEnabled(false);
+    writable_.setEnabled(false);
+    system_.close();
+    outgoing_.clear();
+    kept_.clear();
+    ended_(byReset);
 }
 
 } // namespace turnpost::automation

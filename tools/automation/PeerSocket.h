@@ -26,16 +26,16 @@ class PeerSocket final : public QObject {
 
     /// Keeps bytes back until release(), or until the client has ended its side. They go out one by
     /// one.
-    void keepBack(const std::string& bytes) { kept += bytes; }
+    void keepBack(const std::string& bytes) { kept_ += bytes; }
 
     /// Sends what has been kept back, and reads again.
     void release();
 
     /// Leaves what the client sends in the system's buffers until release().
-    void stopReading() { readable.setEnabled(false); }
+    void stopReading() { readable_.setEnabled(false); }
 
     /// An orderly end of stream; reading goes on.
-    void endSending() { system.endSending(); }
+    void endSending() { system_.endSending(); }
 
     /// Closes, by a reset if so wanted. What has not been sent yet is dropped.
     void close(bool byReset);
@@ -45,14 +45,14 @@ class PeerSocket final : public QObject {
     void write();
     void end(bool byReset);
 
-    SystemSocket system;
-    Received received;
-    Ended ended;
-    QSocketNotifier readable;
-    QSocketNotifier writable;
-    std::string outgoing;
-    std::string kept;
-    bool readsWhenSent = false;
+    SystemSocket system_;
+    Received received_;
+    Ended ended_;
+    QSocketNotifier readable_;
+    QSocketNotifier writable_;
+    std::string outgoing_;
+    std::string kept_;
+    bool readsWhenSent_ = false;
 };
 
 } // namespace turnpost::automation

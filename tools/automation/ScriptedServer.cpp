@@ -34,10 +34,10 @@ Answer goodAnswer(Point point) {
     }
 }
 
-ScriptedServer::ScriptedServer(Script conversationScript)
-    : script(std::move(conversationScript)),
-      listener(static_cast<std::intptr_t>(socket(AF_INET, SOCK_STREAM, 0))) {
-    const auto handle = static_cast<SocketHandle>(listener.descriptor());
+ScriptedServer::ScriptedServer(Script script)
+    : script_(std::move(script)),
+      listener_(static_cast<std::intptr_t>(socket(AF_INET, SOCK_STREAM, 0))) {
+    const auto handle = static_cast<SocketHandle>(listener_.descriptor());
     // Before listen, so that the first segments of a connection know of it.
     const auto setOption = [handle](int level, int name, int value) {
         setsockopt(handle, level, name, reinterpret_cast<const char*>(&value), sizeof value);
@@ -55,33 +55,33 @@ ScriptedServer::ScriptedServer(Script conversationScript)
         getsockname(handle, generic, &size) != 0) {
         throw std::runtime_error("no loopback port");
     }
-    listeningPort = ntohs(address.sin_port);
-    notifier.setSocket(listener.descriptor());
-    notifier.setEnabled(true);
-    connect(&notifier, &QSocketNotifier::activated, this, &ScriptedServer::accept);
+    listeningPort_ = ntohs(address.sin_port);
+    notifier_.setSocket(listener_.descriptor());
+    notifier_.setEnabled(true);
+    connect(&notifier_, &QSocketNotifier::activated, this, &ScriptedServer::accept);
 }
 
 void ScriptedServer::accept() {
     const auto accepted = static_cast<std::intptr_t>(
-        ::accept(static_cast<SocketHandle>(listener.descriptor()), nullptr, nullptr));
+        ::accept(static_cast<SocketHandle>(listener_.descriptor()), nullptr, nullptr));
     if (accepted < 0) {
         return;
     }
-    const int connection = static_cast<int>(peers.size());
-    records.emplace_back();
-    peers.emplace_back().socket = std::make_unique<PeerSocket>(
+    const int connection = static_cast<int>(peers_.size());
+    records_.emplace_back();
+    peers_.emplace_back().socket = std::make_unique<PeerSocket>(
         accepted, [this, connection](const std::string& bytes) { takeInput(connection, bytes); },
         [this, connection](bool byReset) { end(connection, byReset); });
     answer(connection, Point::Greeting, {});
 }
 
 void ScriptedServer::takeInput(int connection, const std::string& bytes) {
-    Peer& peer = peers[static_cast<size_t>(connection)];
-    Conversation& record = records[static_cast<size_t>(connection)];
+    Peer& peer = peers_[static_cast<size_t>(connection)];
+    Conversation& record = records_[static_cast<size_t>(connection)];
     peer.buffer += bytes;
     while (!peer.over && !peer.paused && !peer.buffer.empty()) {
         if (peer.inMessage && !peer.announcedMessage &&
-            record.message.size() + peer.buffer.size() >= midMessage) {
+            record.message.size() + peer.buffer.size() >= midMessage_) {
             peer.announcedMessage = true;
             answer(connection, Point::InMessage, {});
             continue;
@@ -105,14 +105,14 @@ void ScriptedServer::takeInput(int connection, const std::string& bytes) {
 }
 
 void ScriptedServer::answer(int connection, Point point, const std::string& line) {
-    Peer& peer = peers[static_cast<size_t>(connection)];
-    const Answer answer = script(point, connection, line);
+    Peer& peer = peers_[static_cast<size_t>(connection)];
+    const Answer answer = script_(point, connection, line);
     if (point == Point::Data && answer.bytes.starts_with("354")) {
         peer.inMessage = true;
         peer.announcedMessage = false;
     }
     if (point == Point::Message && answer.bytes.starts_with("250")) {
-        records[static_cast<size_t>(connection)].delivered = true;
+        records_[static_cast<size_t>(connection)].delivered = true;
     }
     peer.socket->send(answer.bytes);
     peer.socket->keepBack(answer.late);
@@ -129,21 +129,21 @@ void ScriptedServer::answer(int connection, Point point, const std::string& line
 }
 
 void ScriptedServer::release(int connection) {
-    Peer& peer = peers[static_cast<size_t>(connection)];
+    Peer& peer = peers_[static_cast<size_t>(connection)];
     peer.paused = false;
     peer.socket->release();
     takeInput(connection, {});
 }
 
 void ScriptedServer::forget() {
-    peers.clear();
-    records.clear();
+    peers_.clear();
+    records_.clear();
 }
 
 void ScriptedServer::end(int connection, bool byReset) {
-    peers[static_cast<size_t>(connection)].over = true;
-    records[static_cast<size_t>(connection)].ended = true;
-    records[static_cast<size_t>(connection)].wasReset = byReset;
+    peers_[static_cast<size_t>(connection)].over = true;
+    records_[static_cast<size_t>(connection)].ended = true;
+    records_[static_cast<size_t>(connection)].wasReset = byReset;
 }
 
 } // namespace turnpost::automation

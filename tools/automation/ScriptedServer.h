@@ -50,23 +50,23 @@ class ScriptedServer final : public QObject {
         bool wasReset = false;
     };
 
-    explicit ScriptedServer(Script conversationScript);
+    explicit ScriptedServer(Script script);
     ScriptedServer(const ScriptedServer&) = delete;
     ScriptedServer& operator=(const ScriptedServer&) = delete;
 
-    std::uint16_t port() const { return listeningPort; }
+    std::uint16_t port() const { return listeningPort_; }
 
     /// "127.0.0.1:port", as the host would enter it.
-    std::string address() const { return "127.0.0.1:" + std::to_string(listeningPort); }
+    std::string address() const { return "127.0.0.1:" + std::to_string(listeningPort_); }
 
-    const std::deque<Conversation>& conversations() const { return records; }
+    const std::deque<Conversation>& conversations() const { return records_; }
 
     /// Sends what has been kept back on a connection, and goes on after a pause.
     void release(int connection);
 
     /// From now on Point::InMessage comes when this many bytes of a message have arrived, or never
     /// when it is shorter. Until then it comes with the first bytes.
-    void setMidMessage(size_t bytes) { midMessage = bytes; }
+    void setMidMessage(size_t bytes) { midMessage_ = bytes; }
 
     /// Closes all connections and drops what is known of them; the next one is number 0. Not from
     /// inside the script.
@@ -87,13 +87,13 @@ class ScriptedServer final : public QObject {
     void answer(int connection, Point point, const std::string& line);
     void end(int connection, bool byReset);
 
-    Script script;
-    SystemSocket listener;
-    std::uint16_t listeningPort = 0;
-    QSocketNotifier notifier{QSocketNotifier::Read};
-    std::deque<Peer> peers;
-    std::deque<Conversation> records;
-    size_t midMessage = 0;
+    Script script_;
+    SystemSocket listener_;
+    std::uint16_t listeningPort_ = 0;
+    QSocketNotifier notifier_{QSocketNotifier::Read};
+    std::deque<Peer> peers_;
+    std::deque<Conversation> records_;
+    size_t midMessage_ = 0;
 };
 
 } // namespace turnpost::automation

@@ -6,20 +6,20 @@ namespace {
 
 class Lines {
   public:
-    explicit Lines(std::string_view all) : text(all) {}
+    explicit Lines(std::string_view all) : text_(all) {}
 
     std::optional<std::string_view> next() {
-        const size_t end = text.find("\r\n");
+        const size_t end = text_.find("\r\n");
         if (end == std::string_view::npos) {
             return std::nullopt;
         }
-        const std::string_view line = text.substr(0, end);
-        text.remove_prefix(end + 2);
+        const std::string_view line = text_.substr(0, end);
+        text_.remove_prefix(end + 2);
         return line;
     }
 
   private:
-    std::string_view text;
+    std::string_view text_;
 };
 
 unsigned valueOf(char c) {

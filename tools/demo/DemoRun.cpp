@@ -41,18 +41,18 @@ Answer answer(Point point, int connection, const std::string& line) {
 } // namespace
 
 DemoRun::DemoRun(const std::string& demoFolder)
-    : folder(QString::fromStdString(demoFolder)),
-      turnFiles(automation::makeSampleGame(
+    : folder_(QString::fromStdString(demoFolder)),
+      turnFiles_(automation::makeSampleGame(
           demoFolder + "/game",
           {{1, 0}, {2, 45}, {4, 46}, {7, 100000}, {9, 300}, {12, 300}, {14, 300}, {16, 300}})),
-      extraFile("New rules & dates.\r\n.\r\nGood luck!\r\n"), server(answer),
-      person(demoFolder, recordingMailSystem(demoFolder)) {
-    replaceFile(demoFolder + "/game/news & rules.txt", extraFile);
+      extraFile_("New rules & dates.\r\n.\r\nGood luck!\r\n"), server_(answer),
+      person_(demoFolder, recordingMailSystem(demoFolder)) {
+    replaceFile(demoFolder + "/game/news & rules.txt", extraFile_);
 }
 
 bool DemoRun::play(int pause, bool fromScreen) {
-    pauseLength = pause;
-    framed = fromScreen;
+    pauseLength_ = pause;
+    framed_ = fromScreen;
     enterSettings();
     findGame("game", "picker");
     enterPlayers();
@@ -62,51 +62,51 @@ bool DemoRun::play(int pause, bool fromScreen) {
     sendBySmtp();
     sendByMailSystem();
     showAbout();
-    if (framed) {
+    if (framed_) {
         showFullGame();
     }
-    for (const std::string& fault : person.watcher().faults()) {
+    for (const std::string& fault : person_.watcher().faults()) {
         std::cerr << "window: " << fault << '\n';
     }
     // The box after saving, then the two reports.
-    const auto& texts = person.watcher().texts();
-    if (!person.watcher().faults().empty() || texts.size() != 3 ||
+    const auto& texts = person_.watcher().texts();
+    if (!person_.watcher().faults().empty() || texts.size() != 3 ||
         texts[0] != "Details saved to " +
-                        QDir::toNativeSeparators(folder + "/game/GAME.NTP").toStdString()) {
+                        QDir::toNativeSeparators(folder_ + "/game/GAME.NTP").toStdString()) {
         return false;
     }
     std::cout << "Report of Send via SMTP:\n"
               << texts[1] << "\nReport of Send via MAPI:\n"
               << texts[2] << '\n';
-    return checkMessages(server.conversations(), turnFiles, extraFile, folder.toStdString()) &&
+    return checkMessages(server_.conversations(), turnFiles_, extraFile_, folder_.toStdString()) &&
            checkMailSystem({{"red@example.net", 1}, {"green@example.net", 7}, {refusedAddress, 12}},
-                           folder.toStdString()) &&
+                           folder_.toStdString()) &&
            checkReports(texts[1], texts[2]);
 }
 
 void DemoRun::enterSettings() {
-    person.watcher().expect("frmSettings", [this](QWidget& form) {
-        person.type("txtHostName", "Game Host", &form);
-        person.type("txtHostEmail", "host@example.org", &form);
-        person.type("txtSMTP", "mail.example.org", &form);
+    person_.watcher().expect("frmSettings", [this](QWidget& form) {
+        person_.type("txtHostName", "Game Host", &form);
+        person_.type("txtHostEmail", "host@example.org", &form);
+        person_.type("txtSMTP", "mail.example.org", &form);
         takePicture(form, "email-settings");
-        person.type("txtSMTP", QString::fromStdString(server.address()), &form);
+        person_.type("txtSMTP", QString::fromStdString(server_.address()), &form);
         wait();
-        person.click("butOK", &form);
+        person_.click("butOK", &form);
     });
-    person.desktop().startUp();
-    takePicture(person.window(), "main-empty");
+    person_.desktop().startUp();
+    takePicture(person_.window(), "main-empty");
     wait();
 }
 
 void DemoRun::findGame(const QString& game, const QString& picture) {
-    person.watcher().expect("frmOpen", [this, game, picture](QWidget& form) {
-        person.selectFile(form, folder + "/" + game, "GAME.HST");
+    person_.watcher().expect("frmOpen", [this, game, picture](QWidget& form) {
+        person_.selectFile(form, folder_ + "/" + game, "GAME.HST");
         takePicture(form, picture);
         wait();
-        person.click("butLoad", &form);
+        person_.click("butLoad", &form);
     });
-    person.click("GameChoose");
+    person_.click("GameChoose");
     wait();
 }
 
@@ -124,106 +124,106 @@ void DemoRun::enterPlayers() {
                               {12, "Crimson Tide", refusedAddress},
                               {14, "Lost Legion", "lost@example.net"},
                               {16, "Grey Eminence", "grey@example.net"}};
-    person.type("GameName", "Spring Cup");
+    person_.type("GameName", "Spring Cup");
     for (const Player& player : players) {
-        person.type(QString("PlayerName(%1)").arg(player.number - 1), player.name);
-        person.type(QString("PlayerEmail(%1)").arg(player.number - 1), player.address);
+        person_.type(QString("PlayerName(%1)").arg(player.number - 1), player.name);
+        person_.type(QString("PlayerEmail(%1)").arg(player.number - 1), player.address);
     }
-    person.type("AltEmail(3)", "gold@example.com");
+    person_.type("AltEmail(3)", "gold@example.com");
     // One player sits this turn out, and one file gets lost after it was found.
-    person.click("IncludePlayer(15)");
-    QFile::remove(folder + "/game/GAME.M14");
-    takePicture(person.window(), "main");
+    person_.click("IncludePlayer(15)");
+    QFile::remove(folder_ + "/game/GAME.M14");
+    takePicture(person_.window(), "main");
     wait();
 }
 
 void DemoRun::writeMessage() {
-    person.watcher().expect("frmMessage", [this](QWidget& form) {
-        person.click("Default", &form);
+    person_.watcher().expect("frmMessage", [this](QWidget& form) {
+        person_.click("Default", &form);
         takePicture(form, "message");
         wait();
-        person.click("mnuOK", &form);
+        person_.click("mnuOK", &form);
     });
-    person.chooseMenu("mnuMsg");
+    person_.chooseMenu("mnuMsg");
 }
 
 void DemoRun::saveAndStore() {
-    person.watcher().expect("", [this](QWidget& box) {
+    person_.watcher().expect("", [this](QWidget& box) {
         takePicture(box, "message-box");
-        person.watcher().readMessage(box);
+        person_.watcher().readMessage(box);
     });
-    person.chooseMenu("mnuSave");
-    person.watcher().expect("frmStore", [this](QWidget& form) {
-        person.click("butStore(0)", &form);
+    person_.chooseMenu("mnuSave");
+    person_.watcher().expect("frmStore", [this](QWidget& form) {
+        person_.click("butStore(0)", &form);
         takePicture(form, "stored-games");
         wait();
-        person.click("mnuOK", &form);
+        person_.click("mnuOK", &form);
     });
-    person.chooseMenu("mnuStoredCon");
-    person.watcher().expect("frmOpen", [this](QWidget& picker) {
-        person.selectFile(picker, {}, "GAME.NTP");
+    person_.chooseMenu("mnuStoredCon");
+    person_.watcher().expect("frmOpen", [this](QWidget& picker) {
+        person_.selectFile(picker, {}, "GAME.NTP");
         takePicture(picker, "picker-open");
         wait();
-        person.click("butCancel", &picker);
+        person_.click("butCancel", &picker);
     });
-    person.chooseMenu("mnuOpen");
-    person.chooseMenu("mnuNew");
+    person_.chooseMenu("mnuOpen");
+    person_.chooseMenu("mnuNew");
     wait();
-    person.chooseMenu("mnuStoredG(1)");
+    person_.chooseMenu("mnuStoredG(1)");
     wait();
 }
 
 void DemoRun::addAttachment() {
-    person.watcher().expect("frmAtch", [this](QWidget& form) {
-        person.watcher().expect("frmOpen", [this](QWidget& picker) {
-            person.selectFile(picker, {}, "news & rules.txt");
+    person_.watcher().expect("frmAtch", [this](QWidget& form) {
+        person_.watcher().expect("frmOpen", [this](QWidget& picker) {
+            person_.selectFile(picker, {}, "news & rules.txt");
             takePicture(picker, "picker-attachment");
             wait();
-            person.click("butLoad", &picker);
+            person_.click("butLoad", &picker);
         });
-        person.click("butAddAtch(0)", &form);
+        person_.click("butAddAtch(0)", &form);
         takePicture(form, "attachments");
         wait();
-        person.click("butOK", &form);
+        person_.click("butOK", &form);
     });
-    person.click("butAtch");
+    person_.click("butAtch");
 }
 
 void DemoRun::expectReport(const QString& picture) {
-    person.watcher().expect("frmProgRept", [this, picture](QWidget& form) {
+    person_.watcher().expect("frmProgRept", [this, picture](QWidget& form) {
         takePicture(form, picture);
         wait();
-        person.watcher().readReport(form);
+        person_.watcher().readReport(form);
     });
 }
 
 void DemoRun::sendBySmtp() {
     expectReport("report");
-    person.click("butSend");
+    person_.click("butSend");
     const auto held = [this] {
-        return server.conversations().size() > heldConnection &&
-               server.conversations()[heldConnection].commands.size() == 4;
+        return server_.conversations().size() > heldConnection &&
+               server_.conversations()[heldConnection].commands.size() == 4;
     };
     if (automation::waitUntil(held)) {
-        takePicture(person.window(), "sending");
-        server.release(heldConnection);
+        takePicture(person_.window(), "sending");
+        server_.release(heldConnection);
     }
-    automation::waitUntil([this] { return person.watcher().done(); });
-    takePicture(person.window(), "main-sent");
+    automation::waitUntil([this] { return person_.watcher().done(); });
+    takePicture(person_.window(), "main-sent");
 }
 
 void DemoRun::sendByMailSystem() {
     expectReport("report-mapi");
-    person.click("Command1");
+    person_.click("Command1");
 }
 
 void DemoRun::showAbout() {
-    person.watcher().expect("frmAbout", [this](QWidget& form) {
+    person_.watcher().expect("frmAbout", [this](QWidget& form) {
         takePicture(form, "about");
         wait();
-        person.click("cmdOK", &form);
+        person_.click("cmdOK", &form);
     });
-    person.chooseMenu("mnuAbout");
+    person_.chooseMenu("mnuAbout");
 }
 
 void DemoRun::showFullGame() {
@@ -231,22 +231,22 @@ void DemoRun::showFullGame() {
     for (int player = 1; player <= rowCount; ++player) {
         lengths[player] = 1;
     }
-    automation::makeSampleGame((folder + "/league").toStdString(), lengths);
+    automation::makeSampleGame((folder_ + "/league").toStdString(), lengths);
     findGame("league", "picker-16");
-    person.type("GameName", "Grand League");
+    person_.type("GameName", "Grand League");
     for (const auto& [player, length] : lengths) {
-        person.type(QString("PlayerName(%1)").arg(player - 1),
-                    QString("Emperor of Realm %1").arg(player));
-        person.type(QString("PlayerEmail(%1)").arg(player - 1),
-                    QString("emperor%1@example.net").arg(player));
+        person_.type(QString("PlayerName(%1)").arg(player - 1),
+                     QString("Emperor of Realm %1").arg(player));
+        person_.type(QString("PlayerEmail(%1)").arg(player - 1),
+                     QString("emperor%1@example.net").arg(player));
     }
-    person.click("IncludePlayer(6)");
-    takePicture(person.window(), "main-16");
+    person_.click("IncludePlayer(6)");
+    takePicture(person_.window(), "main-16");
 }
 
 void DemoRun::takePicture(QWidget& window, const QString& name) {
-    const QString file = folder + "/" + name + ".png";
-    if (!framed) {
+    const QString file = folder_ + "/" + name + ".png";
+    if (!framed_) {
         window.grab().save(file);
         return;
     }
@@ -260,7 +260,7 @@ void DemoRun::takePicture(QWidget& window, const QString& name) {
 }
 
 void DemoRun::wait() {
-    const QDeadlineTimer until(pauseLength);
+    const QDeadlineTimer until(pauseLength_);
     automation::waitUntil([&until] { return until.hasExpired(); });
 }
 

@@ -20,7 +20,7 @@ class DemoRun {
     /// a game of 16 players. Prints the reports. True when every message arrived as it should.
     bool play(int pause, bool fromScreen);
 
-    automation::Host& host() { return person; }
+    automation::Host& host() { return person_; }
 
   private:
     void enterSettings();
@@ -37,13 +37,13 @@ class DemoRun {
     void takePicture(QWidget& window, const QString& name);
     void wait();
 
-    QString folder;
-    std::map<int, std::string> turnFiles;
-    std::string extraFile;
-    automation::ScriptedServer server;
-    automation::Host person;
-    int pauseLength = 0;
-    bool framed = false;
+    QString folder_;
+    std::map<int, std::string> turnFiles_;
+    std::string extraFile_;
+    automation::ScriptedServer server_;
+    automation::Host person_;
+    int pauseLength_ = 0;
+    bool framed_ = false;
 };
 
 } // namespace turnpost::demo

@@ -55,85 +55,85 @@ ProgramFolders Desktop::ownFolders() {
 }
 
 Desktop::Desktop(const ProgramFolders& folders, const Application::MailSystemMaker& makeMail)
-    : application(std::make_unique<Application>(*this, Winsock1, folders, makeMail)),
-      main(std::make_unique<frmMain>(*application, playMainClosing)) {}
+    : application_(std::make_unique<Application>(*this, Winsock1, folders, makeMail)),
+      main_(std::make_unique<frmMain>(*application_, playMainClosing)) {}
 
 void Desktop::setCaption(const std::string& caption) {
-    main->setWindowTitle(toQt(caption));
+    main_->setWindowTitle(toQt(caption));
 }
 
 void Desktop::showValues() {
-    const auto& games = application->values().settings.StoredGames;
-    main->showValues({games[0].StoredGameName, games[1].StoredGameName, games[2].StoredGameName,
-                      games[3].StoredGameName});
+    const auto& games = application_->values().settings.StoredGames;
+    main_->showValues({games[0].StoredGameName, games[1].StoredGameName, games[2].StoredGameName,
+                       games[3].StoredGameName});
 }
 
 void Desktop::showMainWindow() {
-    main->show();
+    main_->show();
 }
 
 void Desktop::setProgress(double fraction) {
-    main->setProgress(fraction);
+    main_->setProgress(fraction);
 }
 
 void Desktop::showBreak(const SendReport& lines) {
-    main->showNotes(lines);
+    main_->showNotes(lines);
 }
 
 void Desktop::show(const std::string& text) {
-    showMessageBox(frontWindow(main.get()), text);
+    showMessageBox(frontWindow(main_.get()), text);
 }
 
 void Desktop::openEmailSettings() {
     const auto store = [this](const std::string& name, const std::string& email,
                               const std::string& server) {
-        application->storeEmailSettings(name, email, server);
+        application_->storeEmailSettings(name, email, server);
     };
-    frmSettings(frontWindow(main.get()), application->values().settings, store).exec();
+    frmSettings(frontWindow(main_.get()), application_->values().settings, store).exec();
 }
 
 void Desktop::openMessageEditor() {
     const auto store = [this](const MessageTemplate& message) {
-        application->storeMessage(message);
+        application_->storeMessage(message);
     };
-    frmMessage(frontWindow(main.get()), application->values().message, store).exec();
+    frmMessage(frontWindow(main_.get()), application_->values().message, store).exec();
 }
 
 void Desktop::openFilePicker() {
     const frmOpen::Answer answer{
         [this](const std::string& folder, const std::string& file, bool asDefaultGame) {
-            application->pickFile(folder, file, asDefaultGame);
+            application_->pickFile(folder, file, asDefaultGame);
         },
-        [this] { application->cancelPicker(); }};
-    const SharedValues& values = application->values();
-    frmOpen(frontWindow(main.get()), values.picker, values.game.GamePath,
-            application->folders().program, answer)
+        [this] { application_->cancelPicker(); }};
+    const SharedValues& values = application_->values();
+    frmOpen(frontWindow(main_.get()), values.picker, values.game.GamePath,
+            application_->folders().program, answer)
         .exec();
 }
 
 void Desktop::openAttachments() {
-    const auto pickFile = [this] { return application->pickExtraAttachment(); };
+    const auto pickFile = [this] { return application_->pickExtraAttachment(); };
     const auto store = [this](const AttachmentChoices& choices) {
-        application->storeAttachments(choices);
+        application_->storeAttachments(choices);
     };
-    frmAtch(frontWindow(main.get()), application->values().attachments, pickFile, store).exec();
+    frmAtch(frontWindow(main_.get()), application_->values().attachments, pickFile, store).exec();
 }
 
 void Desktop::openStoredGames() {
     const auto store = [this](const frmStore::Slots& games) {
-        application->storeStoredGames(games);
+        application_->storeStoredGames(games);
     };
-    frmStore(frontWindow(main.get()), application->values().settings.StoredGames,
-             application->currentGameToStore(), store)
+    frmStore(frontWindow(main_.get()), application_->values().settings.StoredGames,
+             application_->currentGameToStore(), store)
         .exec();
 }
 
 void Desktop::openAbout() {
-    frmAbout(frontWindow(main.get())).exec();
+    frmAbout(frontWindow(main_.get())).exec();
 }
 
 void Desktop::openReport() {
-    frmProgRept(frontWindow(main.get()), application->values().report).exec();
+    frmProgRept(frontWindow(main_.get()), application_->values().report).exec();
 }
 
 } // namespace turnpost

@@ -22,9 +22,9 @@ class Desktop final : public AppWindows {
     explicit Desktop(const ProgramFolders& folders = ownFolders(),
                      const Application::MailSystemMaker& makeMail = makeMailSystem);
 
-    void startUp() { application->startUp(); }
-    Application& app() { return *application; }
-    frmMain& mainWindow() { return *main; }
+    void startUp() { application_->startUp(); }
+    Application& app() { return *application_; }
+    frmMain& mainWindow() { return *main_; }
 
     void setCaption(const std::string& caption) override;
     void showValues() override;
@@ -42,8 +42,8 @@ class Desktop final : public AppWindows {
 
   private:
     TcpSocket Winsock1;
-    std::unique_ptr<Application> application;
-    std::unique_ptr<frmMain> main;
+    std::unique_ptr<Application> application_;
+    std::unique_ptr<frmMain> main_;
 };
 
 } // namespace turnpost

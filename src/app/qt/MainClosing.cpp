@@ -15,23 +15,23 @@ namespace {
 class ClosingWidget final : public ClosingWindow {
   public:
     explicit ClosingWidget(QWidget* closed)
-        : window(closed), frame(closed->frameGeometry()),
-          border(frame.size() - closed->geometry().size()) {}
+        : window_(closed), frame_(closed->frameGeometry()),
+          border_(frame_.size() - closed->geometry().size()) {}
 
-    int height() const override { return frame.height() * twipsPerPixel; }
-    int width() const override { return frame.width() * twipsPerPixel; }
-    int screenHeight() const override { return window->screen()->size().height() * twipsPerPixel; }
-    int screenWidth() const override { return window->screen()->size().width() * twipsPerPixel; }
+    int height() const override { return frame_.height() * twipsPerPixel; }
+    int width() const override { return frame_.width() * twipsPerPixel; }
+    int screenHeight() const override { return window_->screen()->size().height() * twipsPerPixel; }
+    int screenWidth() const override { return window_->screen()->size().width() * twipsPerPixel; }
 
     void setTopAndHeight(int top, int height) override {
-        frame.setHeight(toPixels(height));
-        frame.moveTop(window->screen()->geometry().top() + toPixels(top));
+        frame_.setHeight(toPixels(height));
+        frame_.moveTop(window_->screen()->geometry().top() + toPixels(top));
         place();
     }
 
     void setLeftAndWidth(int left, int width) override {
-        frame.setWidth(toPixels(width));
-        frame.moveLeft(window->screen()->geometry().left() + toPixels(left));
+        frame_.setWidth(toPixels(width));
+        frame_.moveLeft(window_->screen()->geometry().left() + toPixels(left));
         place();
     }
 
@@ -41,14 +41,14 @@ class ClosingWidget final : public ClosingWindow {
 
   private:
     void place() {
-        const QSize inner = frame.size() - border;
-        window->setFixedSize(std::max(1, inner.width()), std::max(1, inner.height()));
-        window->move(frame.topLeft());
+        const QSize inner = frame_.size() - border_;
+        window_->setFixedSize(std::max(1, inner.width()), std::max(1, inner.height()));
+        window_->move(frame_.topLeft());
     }
 
-    QWidget* window;
-    QRect frame;
-    QSize border;
+    QWidget* window_;
+    QRect frame_;
+    QSize border_;
 };
 
 } // namespace

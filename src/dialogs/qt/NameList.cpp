@@ -24,11 +24,11 @@ class NameList::Model final : public QAbstractListModel {
     using QAbstractListModel::QAbstractListModel;
 
     int rowCount(const QModelIndex& parent) const override {
-        return parent.isValid() ? 0 : static_cast<int>(lines.size());
+        return parent.isValid() ? 0 : static_cast<int>(lines_.size());
     }
 
     QVariant data(const QModelIndex& index, int role) const override {
-        const Line& line = lines[static_cast<size_t>(index.row())];
+        const Line& line = lines_[static_cast<size_t>(index.row())];
         switch (role) {
         case Qt::DisplayRole:
             return line.name;
@@ -48,39 +48,38 @@ class NameList::Model final : public QAbstractListModel {
         return usable ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags;
     }
 
-    bool isUsable(int row) const { return lines[static_cast<size_t>(row)].unusable.isEmpty(); }
+    bool isUsable(int row) const { return lines_[static_cast<size_t>(row)].unusable.isEmpty(); }
 
     // The first line that can be selected, or -1.
     int firstUsable() const {
-        const auto first = std::find_if(lines.begin(), lines.end(),
+        const auto first = std::find_if(lines_.begin(), lines_.end(),
                                         [](const Line& line) { return line.unusable.isEmpty(); });
-        return first == lines.end() ? -1 : static_cast<int>(first - lines.begin());
+        return first == lines_.end() ? -1 : static_cast<int>(first - lines_.begin());
     }
 
     void setLines(std::vector<Line> shown) {
         beginResetModel();
-        lines = std::move(shown);
-        deepest = 0;
-        for (const Line& line : lines) {
-            deepest = std::max(deepest, line.depth);
+        lines_ = std::move(shown);
+        deepest_ = 0;
+        for (const Line& line : lines_) {
+            deepest_ = std::max(deepest_, line.depth);
         }
         endResetModel();
     }
 
     int indentation(int row, int width) const {
-        const int step = std::min(widestStep, width / 3 / std::max(1, deepest));
-        return lines[static_cast<size_t>(row)].depth * step;
+        const int step = std::min(widestStep, width / 3 / std::max(1, deepest_));
+        return lines_[static_cast<size_t>(row)].depth * step;
     }
 
   private:
-    std::vector<Line> lines;
-    int deepest = 0;
+    std::vector<Line> lines_;
+    int deepest_ = 0;
 };
 
 class NameList::Delegate final : public QStyledItemDelegate {
   public:
-    Delegate(NameList* list, const Model& shownLines)
-        : QStyledItemDelegate(list), model(shownLines) {}
+    Delegate(NameList* list, const Model& model) : QStyledItemDelegate(list), model_(model) {}
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
@@ -112,30 +111,30 @@ class NameList::Delegate final : public QStyledItemDelegate {
 
   private:
     QStyleOptionViewItem indented(QStyleOptionViewItem option, const QModelIndex& index) const {
-        option.rect.adjust(model.indentation(index.row(), option.rect.width()), 0, 0, 0);
+        option.rect.adjust(model_.indentation(index.row(), option.rect.width()), 0, 0, 0);
         return option;
     }
 
-    const Model& model;
+    const Model& model_;
 };
 
 NameList::NameList(QWidget* parent, const char* name, const QString& accessibleName)
-    : QListView(parent), lineModel(new Model(this)) {
+    : QListView(parent), lineModel_(new Model(this)) {
     setObjectName(name);
     setAccessibleName(accessibleName);
-    setModel(lineModel);
-    setItemDelegate(new Delegate(this, *lineModel));
+    setModel(lineModel_);
+    setItemDelegate(new Delegate(this, *lineModel_));
     setEditTriggers(NoEditTriggers);
     setUniformItemSizes(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
 void NameList::setLines(std::vector<Line> lines) {
-    lineModel->setLines(std::move(lines));
+    lineModel_->setLines(std::move(lines));
 }
 
 void NameList::selectLine(size_t line) {
-    const QModelIndex index = lineModel->index(static_cast<int>(line), 0);
+    const QModelIndex index = lineModel_->index(static_cast<int>(line), 0);
     setCurrentIndex(index);
     // The toolkit's own centring is a line off before the list has been drawn.
     doItemsLayout();
@@ -153,8 +152,8 @@ void NameList::keyPressEvent(QKeyEvent* event) {
     const bool moves = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home ||
                        key == Qt::Key_End || key == Qt::Key_PageUp || key == Qt::Key_PageDown;
     // The toolkit's own keys go on from a line that has the focus but is not selected.
-    if (moves && selectedLine() < 0 && lineModel->firstUsable() >= 0) {
-        setCurrentIndex(model()->index(lineModel->firstUsable(), 0));
+    if (moves && selectedLine() < 0 && lineModel_->firstUsable() >= 0) {
+        setCurrentIndex(model()->index(lineModel_->firstUsable(), 0));
         if (key != Qt::Key_End && key != Qt::Key_PageDown) {
             return;
         }

@@ -41,7 +41,7 @@ class NameList final : public QListView {
   private:
     class Model;
     class Delegate;
-    Model* lineModel;
+    Model* lineModel_;
 };
 
 } // namespace turnpost

@@ -9,10 +9,9 @@
 
 namespace turnpost {
 
-frmAtch::frmAtch(QWidget* parent, const AttachmentChoices& choices, PickFile filePicker,
-                 Store storeAtOk)
-    : Form(parent, "frmAtch", "Attachments", {5400, 3105}), pickFile(std::move(filePicker)),
-      store(std::move(storeAtOk)) {
+frmAtch::frmAtch(QWidget* parent, const AttachmentChoices& choices, PickFile pickFile, Store store)
+    : Form(parent, "frmAtch", "Attachments", {5400, 3105}), pickFile_(std::move(pickFile)),
+      store_(std::move(store)) {
     chkXY = addCheckBox("chkXY", "Send XY File?", twipsRect(120, 120, 2415, 495));
     chkMx = addCheckBox("chkMx", "Send M Files?", twipsRect(2520, 120, 2535, 495));
     chkXY->setChecked(choices.SendXYFile == 1);
@@ -44,7 +43,7 @@ void frmAtch::addRow(size_t k) {
 }
 
 void frmAtch::butAddAtch_Click(size_t k) {
-    const std::string path = pickFile();
+    const std::string path = pickFile_();
     if (!path.empty()) {
         showFile(k, path);
     }
@@ -64,7 +63,7 @@ void frmAtch::butOK_Click() {
     for (size_t k = 0; k < txtFile.size(); ++k) {
         choices.ExtraAttachments[k] = fromQt(txtFile[k]->text());
     }
-    store(choices);
+    store_(choices);
     accept();
 }
 

@@ -16,8 +16,7 @@ class frmAtch final : public Form {
     using PickFile = std::function<std::string()>;
     using Store = std::function<void(const AttachmentChoices&)>;
 
-    frmAtch(QWidget* parent, const AttachmentChoices& choices, PickFile filePicker,
-            Store storeAtOk);
+    frmAtch(QWidget* parent, const AttachmentChoices& choices, PickFile pickFile, Store store);
 
   private:
     QCheckBox* addCheckBox(const char* name, const QString& caption, const QRect& place);
@@ -26,8 +25,8 @@ class frmAtch final : public Form {
     void butAddAtch_Click(size_t k);
     void butOK_Click();
 
-    PickFile pickFile;
-    Store store;
+    PickFile pickFile_;
+    Store store_;
     QCheckBox* chkXY;
     QCheckBox* chkMx;
     std::array<QLineEdit*, 3> txtFile{};

@@ -13,8 +13,8 @@
 
 namespace turnpost {
 
-frmMessage::frmMessage(QWidget* parent, const MessageTemplate& message, Store storeAtOk)
-    : Form(parent, "frmMessage", "Edit Message", {7200, 5550}), store(std::move(storeAtOk)) {
+frmMessage::frmMessage(QWidget* parent, const MessageTemplate& message, Store store)
+    : Form(parent, "frmMessage", "Edit Message", {7200, 5550}), store_(std::move(store)) {
     addLabel("Label1", "Subject:", twipsRect(240, 180, 1215, 255));
     txtSubject = addTextBox("txtSubject", twipsRect(1440, 150, 5520, 315), "Subject");
     addLabel("Label2", "Your Message:", twipsRect(240, 570, 2415, 255));
@@ -36,7 +36,7 @@ void frmMessage::showTemplate(const MessageTemplate& message) {
         showText(txtMessage, toQt(message.MessageBody));
     }
     showLine(txtSubject, message.MessageSubject);
-    shown = message;
+    shown_ = message;
 }
 
 void frmMessage::Default_Click() {
@@ -46,8 +46,8 @@ void frmMessage::Default_Click() {
 void frmMessage::mnuOK_Click() {
     // The boxes cannot hold each kind of line break that a file can.
     const bool typedBody = txtMessage->document()->isModified();
-    store({txtSubject->isModified() ? fromQt(txtSubject->text()) : shown.MessageSubject,
-           typedBody ? textOf(txtMessage) : shown.MessageBody});
+    store_({txtSubject->isModified() ? fromQt(txtSubject->text()) : shown_.MessageSubject,
+            typedBody ? textOf(txtMessage) : shown_.MessageBody});
     accept();
 }
 

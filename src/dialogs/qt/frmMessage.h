@@ -13,7 +13,7 @@ class frmMessage final : public Form {
   public:
     using Store = std::function<void(const MessageTemplate&)>;
 
-    frmMessage(QWidget* parent, const MessageTemplate& message, Store storeAtOk);
+    frmMessage(QWidget* parent, const MessageTemplate& message, Store store);
 
   protected:
     bool enterPressesButtons() const override { return false; }
@@ -23,10 +23,10 @@ class frmMessage final : public Form {
     void mnuOK_Click();
     void Default_Click();
 
-    Store store;
+    Store store_;
     QLineEdit* txtSubject;
     QPlainTextEdit* txtMessage;
-    MessageTemplate shown;
+    MessageTemplate shown_;
 };
 
 } // namespace turnpost

@@ -58,15 +58,15 @@ bool isEnter(int key) {
 } // namespace
 
 frmOpen::frmOpen(QWidget* parent, const FilePicker& request, const std::string& gamePath,
-                 std::string programFolder, Answer answerTo)
-    : Form(parent, "frmOpen", "Locate File", {7155, 4710}), pattern(request.PickerPattern),
-      program(std::move(programFolder)), answer(std::move(answerTo)) {
+                 std::string programFolder, Answer answer)
+    : Form(parent, "frmOpen", "Locate File", {7155, 4710}), pattern_(request.PickerPattern),
+      program_(std::move(programFolder)), answer_(std::move(answer)) {
     addControls(request.PickerMessage);
     LoadDef->setVisible(offersDefaultGame(request));
-    auto folder = listFolder(pickerStartFolder(gamePath, program), pattern);
-    showFolder(folder ? folder : listNearestFolder(program, pattern));
+    auto folder = listFolder(pickerStartFolder(gamePath, program_), pattern_);
+    showFolder(folder ? folder : listNearestFolder(program_, pattern_));
     fillDrives();
-    (shown.files.empty() ? Dir1 : File1)->setFocus();
+    (shown_.files.empty() ? Dir1 : File1)->setFocus();
 }
 
 void frmOpen::addControls(const std::string& prompt) {
@@ -100,32 +100,34 @@ void frmOpen::addControls(const std::string& prompt) {
 }
 
 void frmOpen::fillDrives() {
-    drives = offeredDrives();
-    for (const std::string& drive : drives) {
+    drives_ = offeredDrives();
+    for (const std::string& drive : drives_) {
         Drive1->addItem(shownName(drive));
     }
-    const std::string own = volumeOf(program, drives);
-    const auto place = std::find(drives.begin(), drives.end(), own);
-    Drive1->setCurrentIndex(place == drives.end() ? -1 : static_cast<int>(place - drives.begin()));
+    const std::string own = volumeOf(program_, drives_);
+    const auto place = std::find(drives_.begin(), drives_.end(), own);
+    Drive1->setCurrentIndex(place == drives_.end() ? -1
+                                                   : static_cast<int>(place - drives_.begin()));
 }
 
 void frmOpen::showFolder(std::optional<FolderList> folder) {
-    shown = std::move(folder).value_or(FolderList());
+    shown_ = std::move(folder).value_or(FolderList());
     const QIcon open = folderIcon(*style(), QStyle::SP_DirOpenIcon);
     const QIcon closed = folderIcon(*style(), QStyle::SP_DirClosedIcon);
     std::vector<NameList::Line> lines;
-    for (size_t i = 0; i < shown.lines.size(); ++i) {
-        const bool isCurrent = i == shown.current;
-        lines.push_back({shownName(shown.lines[i].name), isCurrent ? open : closed,
-                         static_cast<int>(std::min(i, shown.current + 1)),
-                         isCurrent ? "open folder" : QString(), reasonOf(shown.lines[i].unusable)});
+    for (size_t i = 0; i < shown_.lines.size(); ++i) {
+        const bool isCurrent = i == shown_.current;
+        lines.push_back({shownName(shown_.lines[i].name), isCurrent ? open : closed,
+                         static_cast<int>(std::min(i, shown_.current + 1)),
+                         isCurrent ? "open folder" : QString(),
+                         reasonOf(shown_.lines[i].unusable)});
     }
     Dir1->setLines(std::move(lines));
-    if (!shown.lines.empty()) {
-        Dir1->selectLine(shown.current);
+    if (!shown_.lines.empty()) {
+        Dir1->selectLine(shown_.current);
     }
     std::vector<NameList::Line> files;
-    for (const FileLine& file : shown.files) {
+    for (const FileLine& file : shown_.files) {
         files.push_back({shownName(file.name), {}, 0, {}, reasonOf(file.unusable)});
     }
     File1->setLines(std::move(files));
@@ -134,9 +136,9 @@ void frmOpen::showFolder(std::optional<FolderList> folder) {
 
 void frmOpen::showEvent(QShowEvent* event) {
     Form::showEvent(event);
-    if (!shown.lines.empty()) {
+    if (!shown_.lines.empty()) {
         // Only now has the list its height.
-        Dir1->selectLine(shown.current);
+        Dir1->selectLine(shown_.current);
     }
 }
 
@@ -165,17 +167,17 @@ bool frmOpen::Dir1_KeyDown(int key) {
     } else if (line >= 0 && up) {
         // The lines from the root to the current folder stand below each other; all that follow are
         // in the current one.
-        Dir1_Change(std::max(0, std::min(line - 1, static_cast<int>(shown.current))));
+        Dir1_Change(std::max(0, std::min(line - 1, static_cast<int>(shown_.current))));
     }
     return down || up;
 }
 
 void frmOpen::Drive1_Change(int index) {
-    showFolder(listFolder(drives.at(static_cast<size_t>(index)), pattern));
+    showFolder(listFolder(drives_.at(static_cast<size_t>(index)), pattern_));
 }
 
 void frmOpen::Dir1_Change(int line) {
-    showFolder(listNearestFolder(shown.lines.at(static_cast<size_t>(line)).path, pattern));
+    showFolder(listNearestFolder(shown_.lines.at(static_cast<size_t>(line)).path, pattern_));
 }
 
 void frmOpen::File1_Click() {
@@ -187,13 +189,13 @@ void frmOpen::butLoad_Click() {
     if (file < 0) {
         return;
     }
-    answer.picked(shown.folder(), shown.files.at(static_cast<size_t>(file)).name,
-                  LoadDef->isChecked());
+    answer_.picked(shown_.folder(), shown_.files.at(static_cast<size_t>(file)).name,
+                   LoadDef->isChecked());
     accept();
 }
 
 void frmOpen::butCancel_Click() {
-    answer.cancelled();
+    answer_.cancelled();
     QDialog::reject();
 }
 

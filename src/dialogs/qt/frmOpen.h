@@ -26,7 +26,7 @@ class frmOpen final : public Form {
     /// Opens in the game's folder, or in the program's (see pickerStartFolder), whose drive the
     /// drive list shows.
     frmOpen(QWidget* parent, const FilePicker& request, const std::string& gamePath,
-            std::string programFolder, Answer answerTo);
+            std::string programFolder, Answer answer);
 
     /// Every way of closing but Load is Cancel.
     void reject() override { butCancel_Click(); }
@@ -46,16 +46,16 @@ class frmOpen final : public Form {
     void butLoad_Click();
     void butCancel_Click();
 
-    const std::string pattern;
-    const std::string program;
-    Answer answer;
+    const std::string pattern_;
+    const std::string program_;
+    Answer answer_;
     QComboBox* Drive1 = nullptr;
     NameList* Dir1 = nullptr;
     NameList* File1 = nullptr;
     QPushButton* butLoad = nullptr;
     QCheckBox* LoadDef = nullptr;
-    std::vector<std::string> drives;
-    FolderList shown;
+    std::vector<std::string> drives_;
+    FolderList shown_;
 };
 
 } // namespace turnpost

@@ -9,8 +9,8 @@
 
 namespace turnpost {
 
-frmSettings::frmSettings(QWidget* parent, const Settings& settings, Store storeAtOk)
-    : Form(parent, "frmSettings", "Email Settings", {5700, 2100}), store(std::move(storeAtOk)) {
+frmSettings::frmSettings(QWidget* parent, const Settings& settings, Store store)
+    : Form(parent, "frmSettings", "Email Settings", {5700, 2100}), store_(std::move(store)) {
     addLabel("Label1", "Your Name:", twipsRect(240, 240, 1935, 255));
     txtHostName = addTextBox("txtHostName", twipsRect(2760, 240, 2775, 315), "Your name");
     addLabel("Label2", "Your Email Address:", twipsRect(240, 600, 2535, 315));
@@ -28,7 +28,7 @@ frmSettings::frmSettings(QWidget* parent, const Settings& settings, Store storeA
 }
 
 void frmSettings::butOK_Click() {
-    store(fromQt(txtHostName->text()), fromQt(txtHostEmail->text()), fromQt(txtSMTP->text()));
+    store_(fromQt(txtHostName->text()), fromQt(txtHostEmail->text()), fromQt(txtSMTP->text()));
     accept();
 }
 

@@ -14,12 +14,12 @@ class frmSettings final : public Form {
     using Store = std::function<void(const std::string& hostName, const std::string& hostEmail,
                                      const std::string& smtpServer)>;
 
-    frmSettings(QWidget* parent, const Settings& settings, Store storeAtOk);
+    frmSettings(QWidget* parent, const Settings& settings, Store store);
 
   private:
     void butOK_Click();
 
-    Store store;
+    Store store_;
     QLineEdit* txtHostName;
     QLineEdit* txtHostEmail;
     QLineEdit* txtSMTP;

@@ -8,11 +8,10 @@
 
 namespace turnpost {
 
-frmStore::frmStore(QWidget* parent, const Slots& storedGames, StoredGame gameToStore,
-                   Store storeAtOk)
+frmStore::frmStore(QWidget* parent, const Slots& storedGames, StoredGame gameToStore, Store store)
     : Form(parent, "frmStore", "Where to store current game details?", {8115, 2760}),
-      current(std::move(gameToStore)), store(std::move(storeAtOk)) {
-    for (size_t row = 0; row < games.size(); ++row) {
+      current_(std::move(gameToStore)), store_(std::move(store)) {
+    for (size_t row = 0; row < games_.size(); ++row) {
         addRow(row);
         showSlot(row, storedGames[row]);
     }
@@ -35,19 +34,19 @@ void frmStore::addRow(size_t row) {
     QPushButton* put = addButton(nameOf("butStore"), "Store", twipsRect(6000, top - 60, 975, 375));
     QPushButton* clear =
         addButton(nameOf("butClear"), "Clear", twipsRect(7080, top - 60, 855, 375));
-    connect(put, &QPushButton::clicked, this, [this, row] { showSlot(row, current); });
+    connect(put, &QPushButton::clicked, this, [this, row] { showSlot(row, current_); });
     connect(clear, &QPushButton::clicked, this, [this, row] { showSlot(row, StoredGame()); });
 }
 
 void frmStore::showSlot(size_t row, const StoredGame& slot) {
-    games[row] = slot;
+    games_[row] = slot;
     txtStoreName[row]->setText(toQt(slot.StoredGameName));
     txtStoreFile[row]->setText(toQt(slot.StoredGameFile));
     txtStoreFile[row]->setCursorPosition(0);
 }
 
 void frmStore::mnuOK_Click() {
-    store(games);
+    store_(games_);
     accept();
 }
 

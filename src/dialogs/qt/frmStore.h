@@ -15,16 +15,16 @@ class frmStore final : public Form {
     using Store = std::function<void(const Slots&)>;
 
     /// `gameToStore` is what "Store" puts into a slot.
-    frmStore(QWidget* parent, const Slots& storedGames, StoredGame gameToStore, Store storeAtOk);
+    frmStore(QWidget* parent, const Slots& storedGames, StoredGame gameToStore, Store store);
 
   private:
     void addRow(size_t row);
     void showSlot(size_t row, const StoredGame& slot);
     void mnuOK_Click();
 
-    StoredGame current;
-    Store store;
-    Slots games;
+    StoredGame current_;
+    Store store_;
+    Slots games_;
     std::array<QLineEdit*, 4> txtStoreName{};
     std::array<QLineEdit*, 4> txtStoreFile{};
 };

@@ -25,23 +25,23 @@ constexpr int hostNotFound = 11001;
 
 TcpConnection::TcpConnection(const std::string& host, std::uint16_t serverPort,
                              SocketEvents* socketEvents, QObject* parent)
-    : QObject(parent), events(socketEvents), port(serverPort) {
-    connect(&readable, &QSocketNotifier::activated, this, &TcpConnection::receive);
-    connect(&writable, &QSocketNotifier::activated, this, &TcpConnection::onWritable);
-    connect(&timer, &QTimer::timeout, this, &TcpConnection::lookAgain);
+    : QObject(parent), events_(socketEvents), port_(serverPort) {
+    connect(&readable_, &QSocketNotifier::activated, this, &TcpConnection::receive);
+    connect(&writable_, &QSocketNotifier::activated, this, &TcpConnection::onWritable);
+    connect(&timer_, &QTimer::timeout, this, &TcpConnection::lookAgain);
     QHostAddress address;
     if (address.setAddress(toQt(host))) {
         // The toolkit would ask for the name of the address first, and wait where nobody answers.
-        addresses = {address};
+        addresses_ = {address};
         tryNextAddress(0);
         return;
     }
     QHostInfo::lookupHost(toQt(host), this, [this](const QHostInfo& found) {
-        addresses = found.addresses();
-        if (state != State::Connecting) {
+        addresses_ = found.addresses();
+        if (state_ != State::Connecting) {
             return;
         }
-        if (addresses.isEmpty()) {
+        if (addresses_.isEmpty()) {
             end(0);
             report(hostNotFound, fromQt(found.errorString()));
         } else {
@@ -52,21 +52,21 @@ TcpConnection::TcpConnection(const std::string& host, std::uint16_t serverPort,
 
 TcpConnection::~TcpConnection() {
     const QDeadlineTimer farewell(farewellAtProgramEnd);
-    while (state == State::Closing && !farewell.hasExpired()) {
-        system.wait(!outgoing.empty(), static_cast<int>(farewell.remainingTime()));
+    while (state_ == State::Closing && !farewell.hasExpired()) {
+        system_.wait(!outgoing_.empty(), static_cast<int>(farewell.remainingTime()));
         sendQueued();
         receive();
     }
 }
 
 void TcpConnection::tryNextAddress(int error) {
-    while (!addresses.isEmpty()) {
-        error = system.connect(fromQt(addresses.takeFirst().toString()), port);
+    while (!addresses_.isEmpty()) {
+        error = system_.connect(fromQt(addresses_.takeFirst().toString()), port_);
         if (error == 0) {
-            readable.setSocket(system.descriptor());
-            writable.setSocket(system.descriptor());
-            writable.setEnabled(true);
-            timer.start(secondLook);
+            readable_.setSocket(system_.descriptor());
+            writable_.setSocket(system_.descriptor());
+            writable_.setEnabled(true);
+            timer_.start(secondLook);
             return;
         }
     }
@@ -74,49 +74,49 @@ void TcpConnection::tryNextAddress(int error) {
 }
 
 void TcpConnection::onWritable() {
-    if (state == State::Connecting) {
-        finishConnect(system.pendingError());
+    if (state_ == State::Connecting) {
+        finishConnect(system_.pendingError());
     } else {
         sendQueued();
     }
 }
 
 void TcpConnection::lookAgain() {
-    if (state != State::Connecting) {
-        if (readable.isEnabled()) {
+    if (state_ != State::Connecting) {
+        if (readable_.isEnabled()) {
             receive();
         }
-        if (state == State::Closing && silence() > stillnessTimeout) {
+        if (state_ == State::Closing && silence() > stillnessTimeout) {
             end(0);
         }
         return;
     }
-    const bool ready = system.wait(true, 0);
-    if (const int error = system.pendingError(); ready || error != 0) {
+    const bool ready = system_.wait(true, 0);
+    if (const int error = system_.pendingError(); ready || error != 0) {
         finishConnect(error);
     }
 }
 
 void TcpConnection::finishConnect(int error) {
-    writable.setEnabled(false);
+    writable_.setEnabled(false);
     if (error != 0 && winsockNumber(error) != connectionReset) {
         tryNextAddress(error);
         return;
     }
     // A reset that has followed so soon shows again after what the server has said before it.
-    state = State::Connected;
-    readable.setEnabled(true);
+    state_ = State::Connected;
+    readable_.setEnabled(true);
 }
 
 void TcpConnection::send(std::string bytes, Socket::Send when) {
-    if (state != State::Connected || failure != 0) {
+    if (state_ != State::Connected || failure_ != 0) {
         return;
     }
     // Each call of the system is a packet of its own; joining what is large would only copy it.
-    if (!outgoing.empty() && outgoing.back().size() + bytes.size() <= maxJoined) {
-        outgoing.back() += bytes;
+    if (!outgoing_.empty() && outgoing_.back().size() + bytes.size() <= maxJoined) {
+        outgoing_.back() += bytes;
     } else {
-        outgoing.push_back(std::move(bytes));
+        outgoing_.push_back(std::move(bytes));
     }
     if (when == Socket::Send::Now) {
         // To the system at once: what it has taken is delivered even when Close follows.
@@ -125,54 +125,54 @@ void TcpConnection::send(std::string bytes, Socket::Send when) {
 }
 
 void TcpConnection::sendQueued() {
-    while (!outgoing.empty()) {
-        const auto transfer = system.send(std::string_view(outgoing.front()).substr(sent));
-        sent += transfer.count;
-        if (transfer.count > 0 && state == State::Closing) {
-            lastHeard = std::chrono::steady_clock::now();
+    while (!outgoing_.empty()) {
+        const auto transfer = system_.send(std::string_view(outgoing_.front()).substr(sent_));
+        sent_ += transfer.count;
+        if (transfer.count > 0 && state_ == State::Closing) {
+            lastHeard_ = std::chrono::steady_clock::now();
         }
         if (transfer.state == Transfer::WouldBlock) {
             break;
         }
         if (transfer.state == Transfer::Failed) {
-            failure = transfer.error;
+            failure_ = transfer.error;
             dropQueued();
             break;
         }
-        outgoing.pop_front();
-        sent = 0;
+        outgoing_.pop_front();
+        sent_ = 0;
     }
-    if (outgoing.empty() && state == State::Closing) {
-        system.endSending();
+    if (outgoing_.empty() && state_ == State::Closing) {
+        system_.endSending();
     }
-    writable.setEnabled(!outgoing.empty());
+    writable_.setEnabled(!outgoing_.empty());
 }
 
 void TcpConnection::dropQueued() {
-    outgoing.clear();
-    sent = 0;
+    outgoing_.clear();
+    sent_ = 0;
 }
 
 // Events are queued: one may open a modal window, or close the connection that is still at work.
 void TcpConnection::receive() {
-    const auto transfer = system.receive(incoming);
+    const auto transfer = system_.receive(incoming_);
     if (transfer.state != Transfer::Moved) {
-        if (transfer.state != Transfer::WouldBlock || failure != 0) {
-            end(failure != 0 ? failure : transfer.error);
+        if (transfer.state != Transfer::WouldBlock || failure_ != 0) {
+            end(failure_ != 0 ? failure_ : transfer.error);
         }
-    } else if (state == State::Closing) {
-        incoming.clear();
-        lastHeard = std::chrono::steady_clock::now();
+    } else if (state_ == State::Closing) {
+        incoming_.clear();
+        lastHeard_ = std::chrono::steady_clock::now();
     } else {
-        lastHeard = std::chrono::steady_clock::now();
+        lastHeard_ = std::chrono::steady_clock::now();
         // One event for each arrival; the system keeps the rest meanwhile.
-        readable.setEnabled(false);
+        readable_.setEnabled(false);
         QMetaObject::invokeMethod(
             this,
             [this] {
-                readable.setEnabled(system.isOpen());
-                if (events != nullptr) {
-                    events->DataArrival();
+                readable_.setEnabled(system_.isOpen());
+                if (events_ != nullptr) {
+                    events_->DataArrival();
                 }
             },
             Qt::QueuedConnection);
@@ -180,11 +180,11 @@ void TcpConnection::receive() {
 }
 
 void TcpConnection::end(int error) {
-    readable.setEnabled(false);
-    writable.setEnabled(false);
-    timer.stop();
-    system.close();
-    if (std::exchange(state, State::Ended) == State::Closing) {
+    readable_.setEnabled(false);
+    writable_.setEnabled(false);
+    timer_.stop();
+    system_.close();
+    if (std::exchange(state_, State::Ended) == State::Closing) {
         deleteLater();
     }
     if (error != 0) {
@@ -196,22 +196,22 @@ void TcpConnection::report(int number, const std::string& description) {
     QMetaObject::invokeMethod(
         this,
         [this, number, description] {
-            if (events != nullptr) {
-                events->Error(number, description);
+            if (events_ != nullptr) {
+                events_->Error(number, description);
             }
         },
         Qt::QueuedConnection);
 }
 
 void TcpConnection::leave(Queue queue) {
-    events = nullptr;
-    if (state != State::Connected) {
+    events_ = nullptr;
+    if (state_ != State::Connected) {
         end(0);
         deleteLater();
         return;
     }
-    state = State::Closing;
-    lastHeard = std::chrono::steady_clock::now();
+    state_ = State::Closing;
+    lastHeard_ = std::chrono::steady_clock::now();
     if (queue == Queue::Dropped) {
         dropQueued();
     }

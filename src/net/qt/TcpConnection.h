@@ -26,13 +26,13 @@ class TcpConnection final : public QObject {
     ~TcpConnection() override;
 
     // As the operations of Socket.
-    void setEvents(SocketEvents* socketEvents) { events = socketEvents; }
-    bool isOpen() const { return state == State::Connecting || state == State::Connected; }
+    void setEvents(SocketEvents* socketEvents) { events_ = socketEvents; }
+    bool isOpen() const { return state_ == State::Connecting || state_ == State::Connected; }
     std::chrono::steady_clock::duration silence() const {
-        return std::chrono::steady_clock::now() - lastHeard;
+        return std::chrono::steady_clock::now() - lastHeard_;
     }
     void send(std::string bytes, Socket::Send when);
-    std::string take() { return std::exchange(incoming, {}); }
+    std::string take() { return std::exchange(incoming_, {}); }
 
     enum class Queue { Dropped, Sent };
 
@@ -56,21 +56,21 @@ class TcpConnection final : public QObject {
     void end(int error);
     void report(int number, const std::string& description);
 
-    SocketEvents* events;
-    std::uint16_t port;
-    QList<QHostAddress> addresses;
-    State state = State::Connecting;
-    SystemSocket system;
-    QSocketNotifier readable{QSocketNotifier::Read, this};
-    QSocketNotifier writable{QSocketNotifier::Write, this};
-    QTimer timer{this};
+    SocketEvents* events_;
+    std::uint16_t port_;
+    QList<QHostAddress> addresses_;
+    State state_ = State::Connecting;
+    SystemSocket system_;
+    QSocketNotifier readable_{QSocketNotifier::Read, this};
+    QSocketNotifier writable_{QSocketNotifier::Write, this};
+    QTimer timer_{this};
     // When the server was heard last; once closing, when a byte moved last.
-    std::chrono::steady_clock::time_point lastHeard = std::chrono::steady_clock::now();
-    std::string incoming;
-    std::deque<std::string> outgoing;
-    size_t sent = 0; // Of the first.
+    std::chrono::steady_clock::time_point lastHeard_ = std::chrono::steady_clock::now();
+    std::string incoming_;
+    std::deque<std::string> outgoing_;
+    size_t sent_ = 0; // Of the first.
     // Of sending; reported when what has arrived before has been read.
-    int failure = 0;
+    int failure_ = 0;
 };
 
 } // namespace turnpost

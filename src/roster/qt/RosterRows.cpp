@@ -28,9 +28,9 @@ QString nameOf(const char* control, int index) {
 
 } // namespace
 
-RosterRows::RosterRows(QWidget* client, GameDetails& shownGame) : QObject(client), game(shownGame) {
+RosterRows::RosterRows(QWidget* client, GameDetails& game) : QObject(client), game_(game) {
     for (int i = 0; i < rowCount; ++i) {
-        rows[static_cast<size_t>(i)] = makeRow(i, client);
+        rows_[static_cast<size_t>(i)] = makeRow(i, client);
     }
 }
 
@@ -47,7 +47,7 @@ RosterRows::Row RosterRows::makeRow(int index, QWidget* client) {
     row.IncludePlayer->setAccessibleName(player + "included");
     row.IncludePlayer->setGeometry(twipsRect(480, top, 255, 255));
     connect(row.IncludePlayer, &QCheckBox::toggled, this,
-            [this, index](bool ticked) { game.row(index).IncludePlayer = ticked ? 1 : 0; });
+            [this, index](bool ticked) { game_.row(index).IncludePlayer = ticked ? 1 : 0; });
     row.PlayerName =
         addBox(client, index, "PlayerName", player + "name", 840, 2100, &PlayerSlot::PlayerName);
     row.PlayerEmail = addBox(client, index, "PlayerEmail", player + "e-mail address", 3060, 2400,
@@ -68,14 +68,14 @@ QLineEdit* RosterRows::addBox(QWidget* client, int index, const char* name,
     QLineEdit* box = makeTextBox(client, nameOf(name, index),
                                  twipsRect(left, topOf(index), width, 285), accessibleName);
     connect(box, &QLineEdit::textChanged, this,
-            [this, index, field](const QString& text) { game.row(index).*field = fromQt(text); });
+            [this, index, field](const QString& text) { game_.row(index).*field = fromQt(text); });
     return box;
 }
 
 void RosterRows::showGame() {
     for (int i = 0; i < rowCount; ++i) {
-        const PlayerSlot& slot = game.row(i);
-        const Row& row = rows[static_cast<size_t>(i)];
+        const PlayerSlot& slot = game_.row(i);
+        const Row& row = rows_[static_cast<size_t>(i)];
         row.PlayNum->setText(QString::number(i + 1));
         {
             // The model may hold another number than 1 for a tick; showing it must not change it.
@@ -97,8 +97,8 @@ void RosterRows::showGame() {
 void RosterRows::showNotes(const std::array<std::string, rowCount>& notes) {
     for (size_t i = 0; i < notes.size(); ++i) {
         const QString note = toQt(notes[i]).replace("\r\n", "\n").trimmed();
-        for (QWidget* control : {static_cast<QWidget*>(rows[i].PlayNum),
-                                 static_cast<QWidget*>(rows[i].IncludePlayer)}) {
+        for (QWidget* control : {static_cast<QWidget*>(rows_[i].PlayNum),
+                                 static_cast<QWidget*>(rows_[i].IncludePlayer)}) {
             control->setToolTip(note.isEmpty() ? QString() : plainTip(note));
             control->setAccessibleDescription(note);
         }

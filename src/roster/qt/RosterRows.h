@@ -16,7 +16,7 @@ namespace turnpost {
 class RosterRows final : public QObject {
   public:
     /// Makes the rows on `client`; `game` must outlive them.
-    RosterRows(QWidget* client, GameDetails& shownGame);
+    RosterRows(QWidget* client, GameDetails& game);
 
     /// Brings every control in step with the model.
     void showGame();
@@ -39,8 +39,8 @@ class RosterRows final : public QObject {
     QLineEdit* addBox(QWidget* client, int index, const char* name, const QString& accessibleName,
                       int left, int width, std::string PlayerSlot::*field);
 
-    GameDetails& game;
-    std::array<Row, rowCount> rows{};
+    GameDetails& game_;
+    std::array<Row, rowCount> rows_{};
 };
 
 } // namespace turnpost

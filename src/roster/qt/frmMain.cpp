@@ -33,11 +33,11 @@ void showStoredGame(QAction* item, const std::string& name) {
 } // namespace
 
 void frmMain::showValues(const std::array<std::string, 4>& storedGames) {
-    const GameDetails& game = commands.game();
+    const GameDetails& game = commands_.game();
     showLine(GameName, game.GameName);
     showLine(txtGamePath, game.GamePath);
     txtYear->setText(QString::number(game.GameYear));
-    rows->showGame();
+    rows_->showGame();
     for (size_t slot = 0; slot < mnuStoredG.size(); ++slot) {
         showStoredGame(mnuStoredG[slot], storedGames[slot]);
     }
@@ -69,15 +69,15 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
 void frmMain::closeEvent(QCloseEvent* event) {
     event->accept();
     // The animation lets events run, a second close among them.
-    if (!std::exchange(closing, true)) {
-        commands.shutDown();
-        playClosing(this);
+    if (!std::exchange(closing_, true)) {
+        commands_.shutDown();
+        playClosing_(this);
         QCoreApplication::quit();
     }
 }
 
 void frmMain::PlaySel_MouseDown(int index) {
-    commands.selectPlayers(static_cast<PlayerSelection>(index));
+    commands_.selectPlayers(static_cast<PlayerSelection>(index));
 }
 
 } // namespace turnpost

@@ -19,8 +19,8 @@ class FilledBar;
 /// The main window: shows the game and hands every command on.
 class frmMain final : public Form {
   public:
-    /// `closingAnimation` is played on the window when the host closes it, before the program ends.
-    frmMain(MainCommands& mainCommands, std::function<void(QWidget*)> closingAnimation);
+    /// `playClosing` is played on the window when the host closes it, before the program ends.
+    frmMain(MainCommands& commands, std::function<void(QWidget*)> playClosing);
 
     /// Brings every control in step with the game, and the Stored Games menu with these names.
     void showValues(const std::array<std::string, 4>& storedGames);
@@ -29,7 +29,7 @@ class frmMain final : public Form {
     void setProgress(double fraction);
 
     /// See RosterRows::showNotes.
-    void showNotes(const std::array<std::string, rowCount>& notes) { rows->showNotes(notes); }
+    void showNotes(const std::array<std::string, rowCount>& notes) { rows_->showNotes(notes); }
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -46,25 +46,25 @@ class frmMain final : public Form {
     QAction* addItem(QMenu* menu, const char* name, const QString& caption,
                      void (frmMain::*handler)());
 
-    void GameChoose_Click() { commands.findGame(); }
+    void GameChoose_Click() { commands_.findGame(); }
     void PlaySel_MouseDown(int index);
-    void butSend_Click() { commands.butSend_Click(); }
-    void butSend2_Click() { commands.takeSendStep(); }
-    void Command1_Click() { commands.sendByMailSystem(winId()); }
-    void butAtch_Click() { commands.editAttachments(); }
-    void mnuNew_Click() { commands.newGame(); }
-    void mnuOpen_Click() { commands.openGame(); }
-    void mnuSave_Click() { commands.saveGame(); }
+    void butSend_Click() { commands_.butSend_Click(); }
+    void butSend2_Click() { commands_.takeSendStep(); }
+    void Command1_Click() { commands_.sendByMailSystem(winId()); }
+    void butAtch_Click() { commands_.editAttachments(); }
+    void mnuNew_Click() { commands_.newGame(); }
+    void mnuOpen_Click() { commands_.openGame(); }
+    void mnuSave_Click() { commands_.saveGame(); }
     void mnuExit_Click() { close(); }
-    void mnuEmailSets_Click() { commands.editEmailSettings(); }
-    void mnuMsg_Click() { commands.editMessage(); }
-    void mnuStoredG_Click(int slot) { commands.loadStoredGame(slot); }
-    void mnuStoredCon_Click() { commands.configureStoredGames(); }
-    void mnuAbout_Click() { commands.showAbout(); }
+    void mnuEmailSets_Click() { commands_.editEmailSettings(); }
+    void mnuMsg_Click() { commands_.editMessage(); }
+    void mnuStoredG_Click(int slot) { commands_.loadStoredGame(slot); }
+    void mnuStoredCon_Click() { commands_.configureStoredGames(); }
+    void mnuAbout_Click() { commands_.showAbout(); }
 
-    MainCommands& commands;
-    std::function<void(QWidget*)> playClosing;
-    QMenuBar* menuBar = nullptr;
+    MainCommands& commands_;
+    std::function<void(QWidget*)> playClosing_;
+    QMenuBar* menuBar_ = nullptr;
     QLineEdit* GameName = nullptr;
     QLineEdit* txtGamePath = nullptr;
     QLabel* txtYear = nullptr;
@@ -73,8 +73,8 @@ class frmMain final : public Form {
     QPushButton* butSend = nullptr;
     std::array<QRadioButton*, 3> PlaySel{};
     std::array<QAction*, 4> mnuStoredG{};
-    RosterRows* rows = nullptr;
-    bool closing = false;
+    RosterRows* rows_ = nullptr;
+    bool closing_ = false;
 };
 
 } // namespace turnpost

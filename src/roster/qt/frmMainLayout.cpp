@@ -14,23 +14,23 @@
 
 namespace turnpost {
 
-frmMain::frmMain(MainCommands& mainCommands, std::function<void(QWidget*)> closingAnimation)
-    : Form(nullptr, "frmMain", {}, {9600, 7200}, Frame::MainWindow), commands(mainCommands),
-      playClosing(std::move(closingAnimation)) {
+frmMain::frmMain(MainCommands& commands, std::function<void(QWidget*)> playClosing)
+    : Form(nullptr, "frmMain", {}, {9600, 7200}, Frame::MainWindow), commands_(commands),
+      playClosing_(std::move(playClosing)) {
     addMenus();
     addNameLine();
     addPathLine();
     addProgress();
     addSelection();
     addHeadings();
-    rows = new RosterRows(client(), commands.game());
+    rows_ = new RosterRows(client(), commands_.game());
 }
 
 void frmMain::addNameLine() {
     addLabel("Label4", "Game Name:", twipsRect(60, 120, 1575, 255));
     GameName = addTextBox("GameName", twipsRect(1440, 120, 2955, 345), "Game name");
     connect(GameName, &QLineEdit::textChanged, this,
-            [this](const QString& text) { commands.game().GameName = fromQt(text); });
+            [this](const QString& text) { commands_.game().GameName = fromQt(text); });
     addLabel("Label10", "Year:", twipsRect(4440, 120, 615, 315));
     txtYear = addLabel("txtYear", {}, twipsRect(5040, 120, 615, 315));
     txtYear->setContentsMargins({});
@@ -101,10 +101,10 @@ QAction* frmMain::addItem(QMenu* menu, const char* name, const QString& caption,
 }
 
 void frmMain::addMenus() {
-    menuBar = new QMenuBar(this);
-    menuBar->lower();
+    menuBar_ = new QMenuBar(this);
+    menuBar_->lower();
     const auto addMenu = [this](const char* name, const QString& caption) {
-        QMenu* menu = menuBar->addMenu(caption);
+        QMenu* menu = menuBar_->addMenu(caption);
         menu->setObjectName(name);
         return menu;
     };
@@ -130,8 +130,8 @@ void frmMain::addMenus() {
     addItem(mnuStored, "mnuStoredCon", "Configure", &frmMain::mnuStoredCon_Click);
     QMenu* mnuHelp = addMenu("mnuHelp", "&Help");
     addItem(mnuHelp, "mnuAbout", "&About", &frmMain::mnuAbout_Click);
-    const int height = menuBar->sizeHint().height();
-    menuBar->setGeometry(0, 0, toPixels(9600), height);
+    const int height = menuBar_->sizeHint().height();
+    menuBar_->setGeometry(0, 0, toPixels(9600), height);
     setMenuHeight(height);
 }
 

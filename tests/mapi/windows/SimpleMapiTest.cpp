@@ -77,7 +77,7 @@ TEST_F(SimpleMapiTest, AnOpenSessionIsNeverForgottenAndAClosedOneNeverUsed) {
     messages.SessionID(session->SessionID());
     session->SignOff();
     session->SignOff();
-    EXPECT_EQ(messages.Send(), "The mail session is no longer open (error 19)");
+    EXPECT_EQ(messages.Send(), Refusal{"The mail session is no longer open (error 19)"});
     EXPECT_EQ(recorded(), logoff);
     session->UserName("Host");
     session->Password("secret");
