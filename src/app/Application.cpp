@@ -53,7 +53,7 @@ void Application::newGame() {
 // its own inside any of its calls, and so let every button be pressed.
 void Application::butSend_Click() {
     if (delivery_.isDelivering()) {
-        windows_.show(messages::sendInProgress());
+        windows_.show(messages::sendInProgress);
         return;
     }
     driver_.butSend_Click();
@@ -68,7 +68,7 @@ void Application::takeSendStep() {
 
 void Application::sendByMailSystem(std::uintptr_t parentWindow) {
     if (delivery_.isDelivering() || driver_.isSending()) {
-        windows_.show(messages::sendInProgress());
+        windows_.show(messages::sendInProgress);
         return;
     }
     driver_.abandon();

@@ -14,12 +14,12 @@ namespace turnpost {
 
 void Application::saveGame() {
     if (shared_.game.GamePath.empty()) {
-        windows_.show(messages::noGameDetails());
+        windows_.show(messages::noGameDetails);
         return;
     }
     std::string path = gameDetailsFile(shared_.game);
     if (!isAbsolutePath(path)) {
-        windows_.show(messages::cannotWrite(path, messages::notOfThisSystem()));
+        windows_.show(messages::cannotWrite(path, messages::notOfThisSystem));
         return;
     }
     try {
@@ -44,8 +44,7 @@ void Application::openGame() {
         byDefault ? shared_.settings.DefaultGameFile : pickedPath(shared_.picker);
     const auto found = findFile(path);
     if (!found) {
-        windows_.show(byDefault ? messages::defaultGameFileNotFound()
-                                : messages::gameFileNotFound());
+        windows_.show(byDefault ? messages::defaultGameFileNotFound : messages::gameFileNotFound);
         return;
     }
     loadGame(*found);
@@ -74,7 +73,7 @@ void Application::findLoadedHostFile(GameDetails& game, const std::string& detai
     const std::string stored = game.GamePath;
     const std::string beside = withSeparator(folderOfPath(detailsFile));
     std::string unusable = stored + game.HostFileName;
-    std::string reason = messages::hostFileMissing();
+    std::string reason = messages::hostFileMissing;
     for (const std::string& folder : {stored, beside}) {
         if (!isAbsolutePath(folder) || !findPath(folder + game.HostFileName)) {
             continue;

@@ -13,7 +13,7 @@ void Application::loadStoredGame(int slot) {
     }
     const auto found = findFile(game.StoredGameFile);
     if (!found) {
-        windows_.show(messages::storedGameNotFound());
+        windows_.show(messages::storedGameNotFound);
         return;
     }
     loadGame(*found);
@@ -21,11 +21,11 @@ void Application::loadStoredGame(int slot) {
 
 void Application::configureStoredGames() {
     if (shared_.game.GameName.empty()) {
-        windows_.show(messages::enterGameName());
+        windows_.show(messages::enterGameName);
     } else if (shared_.game.GamePath.empty()) {
-        windows_.show(messages::findGameFirst());
+        windows_.show(messages::findGameFirst);
     } else if (!isAbsolutePath(shared_.game.GamePath) || !findFile(gameDetailsFile(shared_.game))) {
-        windows_.show(messages::saveGameFirst());
+        windows_.show(messages::saveGameFirst);
     } else {
         shared_.GameNameToStore = shared_.game.GameName;
         windows_.openStoredGames();

@@ -26,9 +26,9 @@ class RowRules {
 
     void checkPlayer(const PlayerSlot& row) {
         if (row.IncludePlayer == 0) {
-            refuse(messages::playerSkipped());
+            refuse(messages::playerSkipped);
         } else if (row.PlayerEmail.empty()) {
-            refuse(messages::noEmailAddress());
+            refuse(messages::noEmailAddress);
         }
         refusedAsPlayer_ = RowRefused;
         if (!RowRefused) {
@@ -54,7 +54,7 @@ class RowRules {
 
     void checkSize() {
         if (looksFurther() && foundBytes_ > maxAttachedBytes) {
-            refuse(messages::messageTooLong());
+            refuse(messages::messageTooLong);
         }
     }
 
@@ -167,7 +167,7 @@ std::optional<RowMessage> applyRowRules(const DispatchInputs& inputs, int row, T
             message.PlayerSubject = expand(inputs.message.MessageSubject);
             rules.attachFiles(attach);
         } catch (const std::length_error&) {
-            rules.refuse(messages::messageTooLong());
+            rules.refuse(messages::messageTooLong);
         }
     }
     return rules.refused() ? std::nullopt : std::optional(std::move(message));

@@ -8,8 +8,8 @@ SendReport linesAfterBreak(const SendReport& report, int rowUnderWay) {
     SendReport lines;
     for (int row = 0; row < rowCount; ++row) {
         lines.line(row) = row < rowUnderWay    ? report.line(row)
-                          : row == rowUnderWay ? messages::brokeOffHere()
-                                               : messages::notReached();
+                          : row == rowUnderWay ? messages::brokeOffHere
+                                               : messages::notReached;
     }
     return lines;
 }

@@ -94,10 +94,10 @@ std::optional<FolderList> listWholePath(const fs::path& folder, const std::strin
 
 std::optional<Refusal> whyUnusable(const std::string& path) {
     if (!isUtf8(path)) {
-        return Refusal{messages::nameIsNotUtf8()};
+        return Refusal{messages::nameIsNotUtf8};
     }
     return oneLine(path) == path ? std::nullopt
-                                 : std::optional(Refusal{messages::nameHoldsLineBreak()});
+                                 : std::optional(Refusal{messages::nameHoldsLineBreak});
 }
 
 std::optional<FolderList> listFolder(const std::string& folder, const std::string& pattern) {

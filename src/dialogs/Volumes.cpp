@@ -44,11 +44,6 @@ void addOnce(std::vector<std::string>& places, const std::string& place) {
     }
 }
 
-bool isFolder(const std::string& path) {
-    std::error_code error;
-    return std::filesystem::is_directory(toNativePath(path), error);
-}
-
 } // namespace
 
 std::vector<std::string> placesForPeople(const std::vector<Volume>& mounted,

@@ -17,11 +17,9 @@ class Descriptor {
     ~Descriptor() { close(); }
 
     int get() const { return number_; }
-    void close() {
-        if (number_ >= 0) {
-            ::close(std::exchange(number_, -1));
-        }
-    }
+    /// False when the system could not write what it still had to; then errno says why. True when
+    /// there is none to close.
+    bool close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
 
   private:
     int number_;

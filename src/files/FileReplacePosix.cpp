@@ -1,3 +1,4 @@
+#include "files/Descriptor.h"
 #include "files/FileError.h"
 #include "files/Files.h"
 #include "files/TemporaryPath.h"
@@ -39,15 +40,12 @@ class TemporaryFile {
   public:
     explicit TemporaryFile(const std::string& target)
         : targetPath_(target), path_(temporaryPathBeside(target)),
-          descriptor_(open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666)) {
-        check(descriptor_ >= 0);
+          file_(open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666)) {
+        check(file_.get() >= 0);
     }
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile() {
-        if (descriptor_ >= 0) {
-            close(descriptor_);
-        }
         if (!inPlace_) {
             unlink(path_.c_str());
         }
@@ -58,17 +56,17 @@ class TemporaryFile {
     // could read what they could not read before.
     void takeOwnerAndMode(const struct stat& old) const {
         struct stat made {};
-        check(fstat(descriptor_, &made) == 0);
+        check(fstat(file_.get(), &made) == 0);
         if ((made.st_uid != old.st_uid || made.st_gid != old.st_gid) &&
-            fchown(descriptor_, old.st_uid, old.st_gid) != 0) {
-            [[maybe_unused]] const int given = fchown(descriptor_, made.st_uid, old.st_gid);
+            fchown(file_.get(), old.st_uid, old.st_gid) != 0) {
+            [[maybe_unused]] const int given = fchown(file_.get(), made.st_uid, old.st_gid);
         }
-        check(fstat(descriptor_, &made) == 0);
+        check(fstat(file_.get(), &made) == 0);
         mode_t wanted = old.st_mode & 07777U;
         if (made.st_gid != old.st_gid && (wanted & S_IROTH) == 0) {
             wanted &= ~static_cast<mode_t>(S_IRWXG);
         }
-        if ((made.st_mode & 07777U) != wanted && fchmod(descriptor_, wanted) != 0) {
+        if ((made.st_mode & 07777U) != wanted && fchmod(file_.get(), wanted) != 0) {
             check((made.st_mode & ~wanted & (S_IRGRP | S_IROTH)) == 0);
         }
     }
@@ -76,17 +74,15 @@ class TemporaryFile {
     void write(const std::string& bytes) const {
         size_t done = 0;
         while (done < bytes.size()) {
-            const ssize_t count = ::write(descriptor_, bytes.data() + done, bytes.size() - done);
+            const ssize_t count = ::write(file_.get(), bytes.data() + done, bytes.size() - done);
             check(count >= 0 || errno == EINTR);
             done += count > 0 ? static_cast<size_t>(count) : 0;
         }
-        check(fsync(descriptor_) == 0);
+        check(fsync(file_.get()) == 0);
     }
 
     void moveIntoPlace() {
-        const int closed = close(descriptor_);
-        descriptor_ = -1;
-        check(closed == 0);
+        check(file_.close());
         check(rename(path_.c_str(), targetPath_.c_str()) == 0);
         inPlace_ = true;
     }
@@ -100,18 +96,15 @@ class TemporaryFile {
 
     std::string targetPath_;
     std::string path_;
-    int descriptor_;
+    Descriptor file_;
     bool inPlace_ = false;
 };
 
 // Makes the new name durable. The file itself is whole either way, so a refusal is no failure.
 void flushFolder(const std::string& folder) {
-    const int descriptor =
-        open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor >= 0) {
-        fsync(descriptor);
-        close(descriptor);
-    }
+    const Descriptor opened(
+        open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    fsync(opened.get());
 }
 
 } // namespace

@@ -21,17 +21,21 @@ std::optional<std::string> findFile(const std::string& path) {
     return std::nullopt;
 }
 
+bool isFolder(const std::string& path) {
+    return kindOf(path) == PathKind::Folder;
+}
+
 void requireNoOtherKind(const std::string& path) {
     if (path.find('\0') != std::string::npos) {
-        throw FileError(path, messages::nulInPath());
+        throw FileError(path, messages::nulInPath);
     }
     switch (kindOf(path)) {
     case PathKind::Folder:
-        throw FileError(path, messages::isFolder());
+        throw FileError(path, messages::isFolder);
     case PathKind::Pipe:
-        throw FileError(path, messages::isPipe());
+        throw FileError(path, messages::isPipe);
     case PathKind::Device:
-        throw FileError(path, messages::isDevice());
+        throw FileError(path, messages::isDevice);
     case PathKind::File:
     case PathKind::Nothing:
         break;

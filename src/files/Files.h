@@ -33,6 +33,8 @@ std::optional<std::string> findPath(const std::string& path);
 /// is no file: reading one could hang or never end.
 std::optional<std::string> findFile(const std::string& path);
 
+bool isFolder(const std::string& path);
+
 /// The number of bytes of an ordinary file; nothing when the system does not tell.
 std::optional<std::uintmax_t> fileSize(const std::string& path);
 

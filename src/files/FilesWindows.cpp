@@ -4,6 +4,7 @@
 #include "files/SystemFiles.h"
 #include "text/CodePage.h"
 #include "text/Messages.h"
+#include "text/SystemErrors.h"
 
 #include <algorithm>
 
@@ -17,13 +18,6 @@ constexpr std::wstring_view serverWithoutLimit = L"\\\\?\\UNC\\";
 // Folders can be made up to here; files take a few characters more.
 constexpr size_t maxLengthForAllCalls = MAX_PATH - 12 - 1;
 
-std::wstring wholePath(const std::wstring& path) {
-    std::wstring whole(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
-    whole.resize(
-        GetFullPathNameW(path.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr));
-    return whole;
-}
-
 } // namespace
 
 void throwSystemError(const std::string& path, DWORD code) {
@@ -34,13 +28,7 @@ std::string systemReason(std::error_code code) {
     if (code.category() != std::system_category()) {
         return code.message();
     }
-    wchar_t words[1024];
-    const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS |
-                                            FORMAT_MESSAGE_MAX_WIDTH_MASK,
-                                        nullptr, static_cast<DWORD>(code.value()), 0, words,
-                                        static_cast<DWORD>(std::size(words)), nullptr);
-    std::string reason = fromUtf16({words, length});
-    reason.erase(reason.find_last_not_of(" \r\n") + 1);
+    const std::string reason = systemErrorWords(static_cast<DWORD>(code.value()));
     return reason.empty() ? messages::unknownSystemError(code.value()) : reason;
 }
 
@@ -49,7 +37,8 @@ std::filesystem::path toNativePath(const std::string& path) {
     if (wide.size() <= maxLengthForAllCalls || wide.starts_with(withoutLimit)) {
         return wide;
     }
-    const std::wstring whole = wholePath(wide);
+    std::error_code ignored;
+    const std::wstring whole = std::filesystem::absolute(wide, ignored).wstring();
     return whole.starts_with(L"\\\\") ? std::wstring(serverWithoutLimit) + whole.substr(2)
                                       : std::wstring(withoutLimit) + whole;
 }

@@ -12,7 +12,7 @@ MailDelivery::MailDelivery(const DispatchInputs& inputs, SendReport& report, Sen
 
 void MailDelivery::deliver(std::uintptr_t parentWindow) {
     if (inputs_.game.GamePath.empty()) {
-        box_.show(messages::invalidGamePath());
+        box_.show(messages::invalidGamePath);
         return;
     }
     delivering_ = true;
@@ -30,7 +30,7 @@ void MailDelivery::deliver(std::uintptr_t parentWindow) {
         session_.SignOff();
     } else {
         const auto refusal = session_.signOnRefusal();
-        box_.show(refusal ? messages::mapiError(refusal->words) : messages::noMailSystem());
+        box_.show(refusal ? messages::mapiError(refusal->words) : messages::noMailSystem);
     }
     display_.openReport();
     delivering_ = false;
@@ -57,7 +57,7 @@ void MailDelivery::deliverRow(const DispatchInputs& row) {
         state_.PlayerSubject = message->PlayerSubject;
         compose(row.game.row(state_.SendCursor), files);
         const auto refusal = mail_.Send();
-        ReportLine = refusal ? messages::mapiError(refusal->words) : messages::emailGenerated();
+        ReportLine = refusal ? messages::mapiError(refusal->words) : messages::emailGenerated;
     }
 }
 

@@ -25,7 +25,7 @@ SendmailMessages::SendmailMessages(const Settings& settings, const SendmailSessi
 
 std::optional<Refusal> SendmailMessages::Send() {
     if (sessionId == 0 || sessionId != session_.SessionID()) {
-        return Refusal{messages::noMailSystem()};
+        return Refusal{messages::noMailSystem};
     }
     if (auto refused = takeAddresses()) {
         return refused;

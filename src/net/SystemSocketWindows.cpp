@@ -1,6 +1,6 @@
 #include "net/SocketCalls.h"
 #include "net/SystemSocket.h"
-#include "text/CodePage.h"
+#include "text/SystemErrors.h"
 
 #include <windows.h>
 
@@ -43,14 +43,8 @@ int winsockNumber(int error) {
 }
 
 std::string socketErrorText(int error) {
-    wchar_t text[512];
-    DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
-                                  nullptr, static_cast<DWORD>(error), 0, text,
-                                  static_cast<DWORD>(std::size(text)), nullptr);
-    while (length > 0 && text[length - 1] <= L' ') {
-        --length;
-    }
-    return length == 0 ? "Unknown error" : fromUtf16({text, length});
+    const std::string words = systemErrorWords(static_cast<DWORD>(error));
+    return words.empty() ? "Unknown error" : words;
 }
 
 } // namespace turnpost

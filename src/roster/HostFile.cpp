@@ -20,13 +20,13 @@ constexpr size_t extensionLength = 4;
 std::int16_t readGameYear(const std::string& path) {
     const std::string bytes = readFile(path, yearOffset + 2);
     if (bytes.size() < yearOffset + 2) {
-        throw FileError(path, messages::hostFileTooShort());
+        throw FileError(path, messages::hostFileTooShort);
     }
     const int low = static_cast<unsigned char>(bytes[yearOffset]);
     const int high = static_cast<unsigned char>(bytes[yearOffset + 1]);
     const int year = high * 256 + low + firstYear;
     if (year > std::numeric_limits<std::int16_t>::max()) {
-        throw FileError(path, messages::hostYearTooLarge());
+        throw FileError(path, messages::hostYearTooLarge);
     }
     return static_cast<std::int16_t>(year);
 }

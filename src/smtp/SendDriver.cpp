@@ -20,15 +20,15 @@ SendDriver::SendDriver(const DispatchInputs& inputs, const Settings& settings, S
 void SendDriver::butSend_Click() {
     const std::string address = trimSpaces(settings_.SmtpServer);
     if (address.empty()) {
-        box_.show(messages::noServerAddress());
+        box_.show(messages::noServerAddress);
         return;
     }
     if (!parseServerAddress(address)) {
-        box_.show(messages::invalidServerAddress());
+        box_.show(messages::invalidServerAddress);
         return;
     }
     if (!isAbsolutePath(inputs_.game.GamePath) || !folderHoldsFile(inputs_.game.GamePath)) {
-        box_.show(messages::invalidGamePath());
+        box_.show(messages::invalidGamePath);
         return;
     }
     if (const auto fault = addressFault(settings_.HostEmail, Transport::Smtp)) {

@@ -76,7 +76,7 @@ void SmtpSession::takeNextStep() {
         // If the greeting came in two pieces, the replies are one step ahead of us and much of the
         // message may still be queued.
         socket_.CloseWhenSent();
-        report_.line(state_.SendCursor) = messages::emailSent();
+        report_.line(state_.SendCursor) = messages::emailSent;
         nextStep_();
         break;
     case LastSent::Quit:

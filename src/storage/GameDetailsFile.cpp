@@ -95,15 +95,15 @@ std::string withoutEnd(const std::string& name, size_t length) {
 GameFileReading parseGameDetails(std::string_view text) {
     GameFileReading reading;
     if (text.find('\0') != std::string_view::npos) {
-        reading.damage = Refusal{messages::notWholeGameFile()};
+        reading.damage = Refusal{messages::notWholeGameFile};
         return reading;
     }
     const QuotedReading inOrder = readInOrder(text, layout);
     const bool all = inOrder.values.size() == valueCount;
     reading.damage =
-        all ? take(inOrder.values, reading.content) : Refusal{messages::notWholeGameFile()};
+        all ? take(inOrder.values, reading.content) : Refusal{messages::notWholeGameFile};
     if (!reading.damage && !inOrder.whole) {
-        reading.damage = Refusal{messages::severalWaysToRead()};
+        reading.damage = Refusal{messages::severalWaysToRead};
     }
     if (reading.damage) {
         const QuotedValues values = valuesByLines(text);
@@ -121,7 +121,7 @@ GameFileReading parseGameDetails(std::string_view text) {
 GameFileReading readGameDetails(const std::string& path) {
     const std::string bytes = readFile(path, maxOwnFileBytes + 1);
     if (bytes.size() > maxOwnFileBytes) {
-        return {{}, Refusal{messages::ownFileTooLarge()}};
+        return {{}, Refusal{messages::ownFileTooLarge}};
     }
     return parseGameDetails(fromFileBytes(bytes));
 }

@@ -10,11 +10,11 @@ namespace turnpost {
 void writeOwnFile(const std::string& path, const std::string& text) {
     // One such name would make all of the file be read as another code page.
     if (!isUtf8(text)) {
-        throw FileError(path, messages::ownFileNotUtf8());
+        throw FileError(path, messages::ownFileNotUtf8);
     }
     const std::string bytes = toFileBytes(text);
     if (bytes.size() > maxOwnFileBytes) {
-        throw FileError(path, messages::ownFileWouldBeTooLarge());
+        throw FileError(path, messages::ownFileWouldBeTooLarge);
     }
     replaceFile(path, bytes);
 }

@@ -21,7 +21,13 @@ constexpr LineLayout oneText{0, 1};
 constexpr LineLayout twoTexts{0, 2};
 constexpr std::array layout = {oneText,  oneText,  oneText,  twoTexts,
                                twoTexts, twoTexts, twoTexts, oneText};
-constexpr size_t valueCount = 12;
+constexpr size_t valueCount = [] {
+    size_t count = 0;
+    for (const LineLayout& line : layout) {
+        count += line.numbers + line.texts;
+    }
+    return count;
+}();
 
 // The first `values.size()` fields in file order; the rest keep their start values.
 Settings settingsOf(const QuotedValues& values) {

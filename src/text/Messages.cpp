@@ -122,18 +122,6 @@ constexpr std::array<std::string_view, 29> simpleMapiFailures = {
 
 } // namespace
 
-std::string noServerAddress() {
-    return "No SMTP server address entered";
-}
-
-std::string invalidServerAddress() {
-    return "Invalid SMTP server address";
-}
-
-std::string invalidGamePath() {
-    return "Invalid game path";
-}
-
 std::string ownAddressUnsendable(std::string_view fault) {
     return join("Your own address cannot be sent: ", fault);
 }
@@ -169,88 +157,12 @@ std::string hostFileUnusable(std::string_view path, std::string_view reason) {
     return fileBox("Cannot use the host file ", path, reason);
 }
 
-std::string noMailSystem() {
-    return "No mail system found";
-}
-
-std::string sendInProgress() {
-    return "A send is already in progress";
-}
-
-std::string noGameDetails() {
-    return "No game details entered";
-}
-
 std::string detailsSaved(std::string_view path) {
     return join("Details saved to ", shownPath(path));
 }
 
-std::string gameFileNotFound() {
-    return "Gamefile not found";
-}
-
-std::string defaultGameFileNotFound() {
-    return "Default Gamefile not found";
-}
-
-std::string storedGameNotFound() {
-    return "Game details not found";
-}
-
 std::string gameFileDamaged(std::string_view path, std::string_view reason) {
     return fileBox("The game details file is damaged: ", path, reason);
-}
-
-std::string enterGameName() {
-    return "Please enter a game name";
-}
-
-std::string findGameFirst() {
-    return "Please find a game";
-}
-
-std::string saveGameFirst() {
-    return "Please save game details first";
-}
-
-std::string notWholeGameFile() {
-    return "It is not a game details file, or only part of one";
-}
-
-std::string severalWaysToRead() {
-    return "Its double quotes leave several ways to read it";
-}
-
-std::string ownFileTooLarge() {
-    return "It is larger than 1 MiB";
-}
-
-std::string ownFileWouldBeTooLarge() {
-    return "It would be larger than 1 MiB, and so not be read again";
-}
-
-std::string ownFileNotUtf8() {
-    return "A name in it is not valid UTF-8";
-}
-
-std::string isFolder() {
-    return "It is a folder, not a file";
-}
-
-std::string isPipe() {
-    return "It is a pipe, not a file";
-}
-
-std::string isDevice() {
-    return "It is a device, not a file";
-}
-
-std::string nulInPath() {
-    return "A file name cannot hold a NUL character";
-}
-
-std::string notOfThisSystem() {
-    return "It is not a full path on this system";
 }
 
 std::string unknownSystemError(int number) {
@@ -259,34 +171,6 @@ std::string unknownSystemError(int number) {
 
 std::string flagIsNoNumber(int row) {
     return "A flag of player " + std::to_string(row + 1) + " is no number";
-}
-
-std::string nameIsNotUtf8() {
-    return "This name is not valid UTF-8, so a game file cannot hold it. Rename it to use it here.";
-}
-
-std::string nameHoldsLineBreak() {
-    return "This name holds a line break, so a game file cannot hold it. Rename it to use it here.";
-}
-
-std::string hostFileTooShort() {
-    return "It is shorter than 14 bytes and holds no game year";
-}
-
-std::string hostYearTooLarge() {
-    return "Its game year is above 32767";
-}
-
-std::string hostFileMissing() {
-    return "There is no such file";
-}
-
-std::string playerSkipped() {
-    return "Player Skipped";
-}
-
-std::string noEmailAddress() {
-    return "No Email Address for Player";
 }
 
 std::string addressUnsendable(std::string_view fault) {
@@ -332,20 +216,8 @@ std::string extraFileUnreadable(int entry) {
     return extraFile(entry, cannotBeRead);
 }
 
-std::string messageTooLong() {
-    return "Message too long";
-}
-
-std::string emailSent() {
-    return "Email sent OK";
-}
-
 std::string smtpError(std::string_view reply) {
     return join("SMTP Error: ", reply);
-}
-
-std::string emailGenerated() {
-    return "Email Generated OK";
 }
 
 std::string mapiError(std::string_view words) {
@@ -383,14 +255,6 @@ std::string notOneAddress(std::string_view address) {
 
 std::string hostNotOneAddress(std::string_view address) {
     return join("Your own address is not one e-mail address: ", address);
-}
-
-std::string brokeOffHere() {
-    return "Broke off here: may or may not have arrived";
-}
-
-std::string notReached() {
-    return "Not reached";
 }
 
 std::string reportPrefix(int row) {

@@ -8,9 +8,9 @@
 namespace turnpost::messages {
 
 // Message boxes. Of a path or a reason they show at most some 500 characters.
-std::string noServerAddress();
-std::string invalidServerAddress();
-std::string invalidGamePath();
+inline constexpr const char* noServerAddress = "No SMTP server address entered";
+inline constexpr const char* invalidServerAddress = "Invalid SMTP server address";
+inline constexpr const char* invalidGamePath = "Invalid game path";
 /// The host's own address, and what is wrong with it (see below).
 std::string ownAddressUnsendable(std::string_view fault);
 std::string socketError(int number, std::string_view description);
@@ -20,49 +20,54 @@ std::string cannotWrite(std::string_view path, std::string_view reason);
 std::string settingsDamaged(std::string_view path, std::string_view copy);
 std::string doesNotSurviveRoundTrip(std::string_view path);
 std::string hostFileUnusable(std::string_view path, std::string_view reason);
-std::string noMailSystem();
-std::string sendInProgress();
-std::string noGameDetails();
+inline constexpr const char* noMailSystem = "No mail system found";
+inline constexpr const char* sendInProgress = "A send is already in progress";
+inline constexpr const char* noGameDetails = "No game details entered";
 std::string detailsSaved(std::string_view path);
-std::string gameFileNotFound();
-std::string defaultGameFileNotFound();
-std::string storedGameNotFound();
+inline constexpr const char* gameFileNotFound = "Gamefile not found";
+inline constexpr const char* defaultGameFileNotFound = "Default Gamefile not found";
+inline constexpr const char* storedGameNotFound = "Game details not found";
 std::string gameFileDamaged(std::string_view path, std::string_view reason);
-std::string enterGameName();
-std::string findGameFirst();
-std::string saveGameFirst();
+inline constexpr const char* enterGameName = "Please enter a game name";
+inline constexpr const char* findGameFirst = "Please find a game";
+inline constexpr const char* saveGameFirst = "Please save game details first";
 
 // What is wrong with a game details file.
-std::string notWholeGameFile();
-std::string severalWaysToRead();
-std::string ownFileTooLarge();
+inline constexpr const char* notWholeGameFile =
+    "It is not a game details file, or only part of one";
+inline constexpr const char* severalWaysToRead = "Its double quotes leave several ways to read it";
+inline constexpr const char* ownFileTooLarge = "It is larger than 1 MiB";
 
 // Why one of the program's own files is not written.
-std::string ownFileWouldBeTooLarge();
-std::string ownFileNotUtf8();
+inline constexpr const char* ownFileWouldBeTooLarge =
+    "It would be larger than 1 MiB, and so not be read again";
+inline constexpr const char* ownFileNotUtf8 = "A name in it is not valid UTF-8";
 std::string flagIsNoNumber(int row);
 
 // Reasons why a file cannot be read or written.
-std::string isFolder();
-std::string isPipe();
-std::string isDevice();
-std::string nulInPath();
-std::string notOfThisSystem();
+inline constexpr const char* isFolder = "It is a folder, not a file";
+inline constexpr const char* isPipe = "It is a pipe, not a file";
+inline constexpr const char* isDevice = "It is a device, not a file";
+inline constexpr const char* nulInPath = "A file name cannot hold a NUL character";
+inline constexpr const char* notOfThisSystem = "It is not a full path on this system";
 /// For an error that the system has no words for.
 std::string unknownSystemError(int number);
 
 // Why the file picker offers a folder or file only greyed.
-std::string nameIsNotUtf8();
-std::string nameHoldsLineBreak();
+inline constexpr const char* nameIsNotUtf8 =
+    "This name is not valid UTF-8, so a game file cannot hold it. Rename it to use it here.";
+inline constexpr const char* nameHoldsLineBreak =
+    "This name holds a line break, so a game file cannot hold it. Rename it to use it here.";
 
 // Reasons why a host file gives no year.
-std::string hostFileTooShort();
-std::string hostYearTooLarge();
-std::string hostFileMissing();
+inline constexpr const char* hostFileTooShort =
+    "It is shorter than 14 bytes and holds no game year";
+inline constexpr const char* hostYearTooLarge = "Its game year is above 32767";
+inline constexpr const char* hostFileMissing = "There is no such file";
 
 // Lines of the sending report. Rows are 0 to 15.
-std::string playerSkipped();
-std::string noEmailAddress();
+inline constexpr const char* playerSkipped = "Player Skipped";
+inline constexpr const char* noEmailAddress = "No Email Address for Player";
 /// An address that would go out as another one, and why.
 std::string addressUnsendable(std::string_view fault);
 std::string alternateAddressUnsendable(std::string_view fault);
@@ -75,10 +80,10 @@ std::string universeFileNotFound();
 std::string universeFileUnreadable();
 std::string extraFileNotFound(int entry);
 std::string extraFileUnreadable(int entry);
-std::string messageTooLong();
-std::string emailSent();
+inline constexpr const char* messageTooLong = "Message too long";
+inline constexpr const char* emailSent = "Email sent OK";
 std::string smtpError(std::string_view reply);
-std::string emailGenerated();
+inline constexpr const char* emailGenerated = "Email Generated OK";
 std::string mapiError(std::string_view words);
 /// Words for an error code of Simple MAPI (1 and up), followed by the code.
 std::string simpleMapiFailure(unsigned long code);
@@ -93,8 +98,8 @@ std::string notOneAddress(std::string_view address);
 std::string hostNotOneAddress(std::string_view address);
 
 /// Of a row after a send that broke off without a report.
-std::string brokeOffHere();
-std::string notReached();
+inline constexpr const char* brokeOffHere = "Broke off here: may or may not have arrived";
+inline constexpr const char* notReached = "Not reached";
 
 /// What stands before row i's outcome in the report.
 std::string reportPrefix(int row);
