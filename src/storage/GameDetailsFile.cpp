@@ -1,6 +1,7 @@
 #include "storage/GameDetailsFile.h"
 
 #include "files/Files.h"
+#include "storage/DividedLines.h"
 #include "storage/OwnFile.h"
 #include "storage/QuotedValues.h"
 #include "text/CodePage.h"

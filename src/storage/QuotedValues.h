@@ -22,53 +22,37 @@ struct QuotedValue {
     bool quoted = false;
 
     /// The whole number that stands there without quotes, with or without a sign and blanks;
-    /// nothing when it is none, or none that fits.
+    /// nothing when it is not a number or does not fit an int.
     std::optional<int> number() const;
 };
 
 using QuotedValues = std::vector<QuotedValue>;
 
-/// `values` are as many as the layout has, or those before the place where reading had to stop;
-/// `behind` is what was not read. `inLines` is true when they are all there and each stands in its
-/// line by the layout; `whole` when they are all there and no text can have been taken for two.
+/// What reading gave. `values` has all values of the layout, or those before the place where
+/// reading stopped; `unread` is the rest of the text. `inLines` is true when all values are there
+/// and each stands in its line by the layout. `whole` is true when all are there and no text can
+/// have been taken for two.
 struct QuotedReading {
     QuotedValues values;
-    std::string_view behind;
+    std::string_view unread;
     bool inLines = false;
     bool whole = false;
 };
 
-/// The first rule: as many values as the layout has, one after the other, however they are grouped
-/// into lines; what follows the last one is not read. Blanks before a value and behind a closing
-/// quote are skipped; a text without quotes ends at the next comma or line end (CR LF, CR or LF).
-/// Reading stops where a closing quote is missing or followed by other text, where a value without
-/// quotes holds one, and at the end of the text.
+/// Reads as many values as the layout has, one after the other, however they are grouped into
+/// lines; what follows the last value is not read. Blanks before a value and after a closing quote
+/// are skipped. A text without quotes ends at the next comma or line end (CR LF, CR or LF). Reading
+/// stops where a closing quote is missing or followed by other text, where a value without quotes
+/// holds a quote, and at the end of the text.
 ///
-/// Why this is safe although texts are not escaped: a file written with n texts that hold k double
-/// quotes themselves holds 2n + k of them, and n quoted texts take 2n. When none is left behind the
-/// last value, k is 0 and every text is as it was. When some are left, something may have been put
-/// behind the values, or k is more than 0. A text without line breaks that was taken for two makes
-/// its line too long; so the values are whole then only when each stands in its line by the layout.
-/// That leaves files in which one text holds a double quote and one a line break: they may be read
-/// as others, and whoever writes a file has to read it back to know.
+/// Why this is safe although texts are not escaped: when n texts hold k double quotes themselves,
+/// their file holds 2n + k of them, and reading n texts takes 2n. If no quote is left after the
+/// last value, k is 0 and every text is as it was. If some are left, either something was added
+/// after the values, or k is more than 0. A text without line breaks that was taken for two makes
+/// its line too long, so the values are whole then only when each stands in its line by the layout.
+/// One kind of file remains: one text holds a double quote and another a line break. Such a file
+/// may be misread, and only reading the file back can tell.
 QuotedReading readInOrder(std::string_view text, std::span<const LineLayout> layout);
-
-/// The second rule, for texts that hold double quotes: the values of the leading lines that can be
-/// read. A line is divided into exactly as many quoted texts as it has by the layout, at `","`; one
-/// that can't be, or can in several ways, or whose number is none, is not read, and those behind it
-/// neither. A line that the first rule reads to its end is taken as read. A line without its end
-/// counts only as the last one of the layout.
-QuotedValues readByLines(std::span<const std::string_view> lines,
-                         std::span<const LineLayout> layout);
-
-/// True when the second rule reads this line.
-bool isLine(std::string_view line, LineLayout layout);
-
-/// The lines of a file with their ends: CR LF where the text holds one, else LF. What follows the
-/// last end is a line when it is not empty.
-std::vector<std::string_view> linesOf(std::string_view text);
-
-std::string_view withoutLineEnd(std::string_view line);
 
 /// A text value as written: between double quotes, unchanged.
 std::string quotedText(std::string_view text);

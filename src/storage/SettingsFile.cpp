@@ -2,6 +2,7 @@
 
 #include "files/Files.h"
 #include "files/Folders.h"
+#include "storage/DividedLines.h"
 #include "storage/OwnFile.h"
 #include "storage/QuotedValues.h"
 #include "text/CodePage.h"

@@ -2,7 +2,7 @@
 
 #include "fakes/TempFolder.h"
 #include "files/FileError.h"
-#include "storage/QuotedValues.h"
+#include "storage/DividedLines.h"
 
 #include <gtest/gtest.h>
 
