@@ -2,8 +2,8 @@
 
 namespace turnpost {
 
-/// Tells screen readers what the toolkit would tell wrongly: that the main window is a window and
-/// no dialog, and how far a FilledBar is. Once, before the first window.
+/// Tells screen readers what Qt would tell wrongly: that the main window is a window and no dialog,
+/// and how full a FilledBar is. Call once, before the first window.
 void installAccessibility();
 
 } // namespace turnpost

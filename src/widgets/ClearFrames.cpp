@@ -7,7 +7,7 @@ namespace turnpost {
 
 namespace {
 
-// What to draw over Fusion's outline; an invalid colour leaves it.
+// The colour to draw over Fusion's outline; an invalid one keeps the outline.
 QColor outlineOf(QStyle::PrimitiveElement element, const QStyleOption& option) {
     const bool focus = option.state.testFlag(QStyle::State_HasFocus);
     if (element == QStyle::PE_Frame && focus) {
@@ -15,7 +15,7 @@ QColor outlineOf(QStyle::PrimitiveElement element, const QStyleOption& option) {
     }
     QColor text = option.palette.color(QPalette::WindowText);
     const bool dark = option.palette.color(QPalette::Window).lightness() < text.lightness();
-    // Fusion's own outlines show the focus too, those of options only when it came by a key.
+    // Fusion's own outlines show the focus, but those of options only if a key moved it there.
     if (!dark || (focus && (element == QStyle::PE_FrameLineEdit ||
                             option.state.testFlag(QStyle::State_KeyboardFocusChange)))) {
         return {};

@@ -4,8 +4,8 @@
 
 namespace turnpost {
 
-/// The style of all windows: Fusion, whose layouts are the same on every desktop, with outlines
-/// that can be seen in a dark palette; its own are darker than the window.
+/// The style of all windows: Fusion, whose layouts are the same on every desktop. In a dark palette
+/// Fusion's outlines are darker than the window, so lighter ones are drawn over them.
 class ClearFrames final : public QProxyStyle {
   public:
     ClearFrames() : QProxyStyle("Fusion") {}

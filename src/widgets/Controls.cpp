@@ -10,7 +10,7 @@
 namespace turnpost {
 
 void CaptionButton::keyPressEvent(QKeyEvent* event) {
-    // Whether Enter presses a button would differ from desktop to desktop.
+    // On some desktops Qt lets Enter press a button, on others not.
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         event->ignore();
         return;

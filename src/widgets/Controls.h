@@ -6,7 +6,7 @@
 
 namespace turnpost {
 
-/// A push button whose caption wraps; the toolkit's own never does. Leaves Enter to its form.
+/// A push button whose caption wraps, unlike QPushButton's. It leaves Enter to its form.
 class CaptionButton final : public QPushButton {
   public:
     using QPushButton::QPushButton;
@@ -26,8 +26,8 @@ class CaptionCheckBox final : public QCheckBox {
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
 };
 
-/// A drop-down list that cuts its text with "…" in the middle when it is too long, and shows it
-/// whole in a tip; the toolkit's own clips it.
+/// A drop-down list that cuts a long text with "…" in the middle and shows all of it in a tooltip.
+/// QComboBox only clips it.
 class ElidingComboBox final : public QComboBox {
   public:
     explicit ElidingComboBox(QWidget* parent) : QComboBox(parent) {}
@@ -40,9 +40,8 @@ class ElidingComboBox final : public QComboBox {
     QString shownText() const;
 };
 
-/// A tip with this text, plain whatever it holds, with its own line breaks (LF) and one after each
-/// 60 characters of a line: the toolkit would take what looks like markup for markup, and breaks no
-/// line without blanks.
+/// A tooltip with this text as plain text; Qt would interpret markup in it. Line breaks (LF) are
+/// kept, and one is added after each 60 characters, because Qt breaks no line without blanks.
 QString plainTip(const QString& text);
 
 } // namespace turnpost

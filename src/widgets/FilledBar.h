@@ -4,8 +4,8 @@
 
 namespace turnpost {
 
-/// A filled rectangle whose length shows a progress. Screen readers know it as a progress bar from
-/// 0 to 100 percent.
+/// A filled rectangle whose length shows a progress. For screen readers it is a progress bar from 0
+/// to 100 percent.
 class FilledBar final : public QFrame {
   public:
     /// `track` is the length of the full bar, in pixels.

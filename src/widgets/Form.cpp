@@ -19,7 +19,7 @@ namespace {
 // The largest size at which every caption fits its control with the usual fonts.
 constexpr int fontPixels = 11;
 
-// Brings a caption to the height of the text in the box beside it.
+// Lowers a caption to the height of the text in the box beside it.
 constexpr int captionDrop = 2; // pixels
 
 void showAsReadOnly(QWidget* box) {
@@ -56,11 +56,11 @@ void Form::setMenuHeight(int pixels) {
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
-    // QDialog would close on Escape and press some other button on Enter.
+    // QDialog would close on Escape, and press a button without the focus on Enter.
     event->ignore();
     auto* button = qobject_cast<QPushButton*>(focusWidget());
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    // A key held down presses once.
+    // A key that is held down presses the button once.
     if (enter && button != nullptr && enterPressesButtons() && !event->isAutoRepeat()) {
         event->accept();
         button->click();
@@ -118,7 +118,7 @@ void makeReadOnly(QLineEdit* box) {
 
 void makeReadOnly(QPlainTextEdit* box) {
     box->setReadOnly(true);
-    // By the mouse alone, the end of a very long text is out of reach where no scroll bar is.
+    // There may be no scroll bar, so the end of a long text must be reachable by keyboard.
     box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     showAsReadOnly(box);
 }
@@ -136,15 +136,15 @@ void showText(QPlainTextEdit* box, const QString& text) {
         longest = std::max(longest, next - from);
         from = next;
     }
-    // For each line it breaks between words, the toolkit looks for the end of the word: a megabyte
-    // without a blank would hold the window up for more than a minute.
+    // Qt looks for the end of the word at each line that it breaks between words. With a megabyte
+    // without a blank the window would not respond for more than a minute.
     box->setWordWrapMode(longest > longLine ? QTextOption::WrapAnywhere
                                             : QTextOption::WrapAtWordBoundaryOrAnywhere);
     box->setPlainText(text);
 }
 
 std::string textOf(const QPlainTextEdit* box) {
-    // toPlainText would turn hard blanks into plain ones.
+    // toPlainText() would turn non-breaking spaces into plain ones.
     QString text = box->document()->toRawText();
     text.replace(QChar::ParagraphSeparator, "\r\n");
     text.replace(QChar::LineSeparator, "\r\n");

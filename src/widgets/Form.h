@@ -12,12 +12,12 @@ namespace turnpost {
 
 /// Base of all windows: a fixed size in twips, centred on the screen with its frame, controls
 /// placed by hand, one font small enough for every caption. Enter presses the button that has the
-/// focus; Escape does nothing. Texts of labels and boxes are plain, whatever they hold. Controls
-/// carry their names as object names.
+/// focus; Escape does nothing. Labels and boxes show plain text only. The name of a control is its
+/// object name.
 class Form : public QDialog {
   public:
-    /// A dialog has neither minimise nor maximise box and no entry in the task bar, the main window
-    /// no maximise box.
+    /// A dialog has no minimise box, no maximise box and no task-bar entry. The main window has no
+    /// maximise box.
     enum class Frame { Dialog, MainWindow };
 
     /// `clientSize` in twips.
@@ -48,19 +48,19 @@ class Form : public QDialog {
 QLineEdit* makeTextBox(QWidget* parent, const QString& name, const QRect& place,
                        const QString& accessibleName);
 
-/// Marks a text box as not editable, in behaviour and in look.
+/// Makes a text box read-only, and makes it look so.
 void makeReadOnly(QLineEdit* box);
 void makeReadOnly(QPlainTextEdit* box);
 
-/// Marks a box made by makeTextBox or addTextBox as one for an address: pasting and dropping leave
-/// out invisible characters, which nobody would find there (OneLineBox::takeAddresses).
+/// Makes a box of makeTextBox or addTextBox one for addresses: pasting and dropping leave out
+/// invisible characters, which nobody would find there (OneLineBox::takeAddresses).
 void takeAddresses(QLineEdit* box);
 
-/// Fills a multi-line box with a text of any length. It wraps between words; when it has a line of
-/// more than 16,384 UTF-16 units, as only a server or a foreign file sends one, it wraps anywhere.
+/// Fills a multi-line box with a text of any length. The text wraps between words, but anywhere if
+/// it has a line of more than 16,384 UTF-16 units, which only servers and foreign files send.
 void showText(QPlainTextEdit* box, const QString& text);
 
-/// The text of a multi-line box with CR LF line ends. Nothing else is changed, hard blanks
+/// The text of a multi-line box with CR LF line ends. Nothing else is changed, non-breaking spaces
 /// included.
 std::string textOf(const QPlainTextEdit* box);
 

@@ -27,7 +27,7 @@ QString lineOf(const QString& text) {
     return broken ? toQt(oneLine(fromQt(text))) : text;
 }
 
-// The only hook for setText, which is not virtual. It forgets the undo, as setText does.
+// The only hook into setText(), which is not virtual. Like setText(), it clears the undo history.
 class LineValidator final : public QValidator {
   public:
     using QValidator::QValidator;
@@ -42,23 +42,23 @@ class LineValidator final : public QValidator {
 } // namespace
 
 OneLineBox::OneLineBox(QWidget* parent) : QLineEdit(parent) {
-    // The toolkit's own limit of 32767 characters would cut longer texts without a word.
+    // QLineEdit's default limit of 32767 characters would cut longer texts silently.
     setMaxLength(std::numeric_limits<int>::max());
     setValidator(new LineValidator(this));
 }
 
-// What comes from another program, as this box takes it.
+// The text from another program as this box takes it.
 QString OneLineBox::foreignLine(const QString& text) const {
     QString line = lineOf(text);
     if (takesAddresses_) {
         line.replace(QChar::Nbsp, QChar::Space);
-        // None of them takes two units of UTF-16.
+        // Every invisible character is one UTF-16 unit.
         line.removeIf([](QChar c) { return isInvisible(c.unicode()); });
     }
     return line;
 }
 
-// What is inserted joins what was typed before, until the cursor moves.
+// QLineEdit merges an insertion into the preceding undo step until the cursor moves.
 void OneLineBox::endUndoStep() {
     const int cursor = cursorPosition();
     if (!hasSelectedText()) {
@@ -98,7 +98,7 @@ void OneLineBox::mouseReleaseEvent(QMouseEvent* event) {
 void OneLineBox::contextMenuEvent(QContextMenuEvent* event) {
     QMenu* menu = createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    // Its items have object names in some versions of the toolkit only; their words are the same.
+    // The item is found by its text, because only some versions of Qt give it an object name.
     for (QAction* item : menu->actions()) {
         if (item->text().section('\t', 0, 0) == QLineEdit::tr("&Paste")) {
             item->disconnect(this);

@@ -5,15 +5,16 @@
 
 namespace turnpost {
 
-/// A one-line text box that holds one line: line breaks (CR LF, CR, LF, U+2028, U+2029) that are
-/// pasted, dropped, entered by an input method or set become one blank each. The toolkit's own
-/// keeps them, out of sight. No limit is set to the length. Undo takes a paste back as a whole.
+/// A text box for one line of any length. QLineEdit keeps line breaks (CR LF, CR, LF, U+2028,
+/// U+2029) without showing them; here each becomes a blank, whether it was pasted, dropped, entered
+/// by an input method or set. Undo takes a paste back as a whole.
 class OneLineBox final : public QLineEdit {
   public:
     explicit OneLineBox(QWidget* parent);
 
-    /// What is pasted or dropped is an address from now on: invisible characters are left out, and
-    /// a hard blank becomes a plain one. What is set or typed stays as it is.
+    /// From now on, a text that is pasted or dropped is an address: it loses its invisible
+    /// characters, and non-breaking spaces become plain ones. A text that is set or typed keeps
+    /// them.
     void takeAddresses() { takesAddresses_ = true; }
 
   protected:
@@ -31,8 +32,8 @@ class OneLineBox final : public QLineEdit {
     bool takesAddresses_ = false;
 };
 
-/// Shows a text in a one-line box. A box that shows it already keeps its cursor and its undo; any
-/// other shows the new text from its beginning. Tells nobody of a change.
+/// Shows a text in a one-line box from its beginning. A box that shows it already keeps its cursor
+/// and its undo history. Emits no signal.
 void showLine(QLineEdit* box, const std::string& text);
 
 } // namespace turnpost

@@ -12,7 +12,8 @@ namespace turnpost {
 
 namespace {
 
-// The window manager's font is not known; frames have some 60 pixels of boxes beside the caption.
+// The font of the window manager is not known, so this is an estimate. Frames have about 60 pixels
+// of buttons beside the caption.
 void makeWideEnoughForCaption(QMessageBox& box) {
     QFont font = box.font();
     font.setBold(true);

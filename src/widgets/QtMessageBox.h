@@ -6,8 +6,8 @@ class QWidget;
 
 namespace turnpost {
 
-/// Shows a modal message box with an OK button, no icon and the application title; the text is
-/// shown as it is, never as rich text.
+/// Shows a modal message box with an OK button, no icon and the application title. The text is
+/// plain, never rich text.
 void showMessageBox(QWidget* parent, const std::string& text);
 
 } // namespace turnpost

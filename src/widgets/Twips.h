@@ -4,7 +4,7 @@
 
 namespace turnpost {
 
-/// 15 twips (1/1440 inch) are one pixel at 96 dots per inch; the toolkit scales on dense screens.
+/// 15 twips (1/1440 inch) are one pixel at 96 dots per inch; Qt scales on dense screens.
 inline constexpr int twipsPerPixel = 15;
 
 constexpr int toPixels(int twips) {

@@ -18,7 +18,7 @@ namespace {
 
 #if QT_CONFIG(xcb)
 void leaveTaskBar(const QWidget* window) {
-    // The platform without a screen knows X11 too, but its windows are none of X11's.
+    // The offscreen platform also offers an X11 connection, but its windows are not X11 windows.
     auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     xcb_connection_t* server = x11 == nullptr ? nullptr : x11->connection();
     if (server == nullptr || QGuiApplication::platformName() != "xcb") {
@@ -36,7 +36,7 @@ void leaveTaskBar(const QWidget* window) {
                         atomOf("_NET_WM_STATE"), XCB_ATOM_ATOM, 32, 1, &skip);
 }
 #else
-// A dialog with an owner stands in no task bar there.
+// Without X11 a dialog with an owner has no task-bar entry anyway.
 void leaveTaskBar(const QWidget*) {}
 #endif
 
@@ -64,7 +64,7 @@ class Placing final : public QObject {
     }
 
   private:
-    // Some systems put the frame around the window, and tell its size, only after showing it.
+    // Some systems add the frame, and report its size, only after the window is shown.
     static bool tellsOfFrame(QEvent::Type type) {
         return type == QEvent::Paint || type == QEvent::Move || type == QEvent::WindowActivate;
     }

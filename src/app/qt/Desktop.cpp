@@ -22,8 +22,9 @@ namespace turnpost {
 
 namespace {
 
-// A modal window belongs to the window in front of it, or it might open behind that one; before the
-// main window is shown, to that one all the same, or it might stand in the task bar by itself.
+// The owner for a new modal window: the modal window in front, so that the new one does not open
+// behind it; else the main window, even before it is shown, so that the dialog gets no task-bar
+// entry.
 QWidget* frontWindow(frmMain* main) {
     QWidget* modal = QApplication::activeModalWidget();
     if (modal != nullptr) {
@@ -38,11 +39,12 @@ QWidget* frontWindow(frmMain* main) {
 void Desktop::prepareToolkit() {
     QApplication::setApplicationName(applicationTitle);
     QApplication::setDesktopFileName("net.nimbusturnpost.Turnpost");
-    // The layouts are exact to the pixel; other styles' margins would clip captions.
     installAccessibility();
+    // The layouts are exact to the pixel; the margins of other styles would clip captions.
     QApplication::setStyle(new ClearFrames);
     QApplication::setQuitOnLastWindowClosed(false);
-    // No window shows the largest one, which takes as long to unpack as all others together.
+    // The 256-pixel icon is left out: no window shows it, and decoding it takes as long as all the
+    // others together.
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128}) {
         icon.addFile(QString(":/icons/turnpost-%1.png").arg(size));

@@ -12,11 +12,11 @@ namespace turnpost {
 /// The whole program on a desktop: the application, its socket and its windows.
 class Desktop final : public AppWindows {
   public:
-    /// Style, name and end of a program with these windows; once, before the first of them: it ends
-    /// with the main window and not with a dialog that closes before that one is shown.
+    /// Sets the application's name, icon and style, and lets only the main window end it: a dialog
+    /// may close before that window is shown. Call once, before the first window.
     static void prepareToolkit();
 
-    /// The folders of the running program and of the person's configuration.
+    /// The folders of the running program and of the user's configuration.
     static ProgramFolders ownFolders();
 
     explicit Desktop(const ProgramFolders& folders = ownFolders(),

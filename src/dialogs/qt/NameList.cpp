@@ -87,7 +87,7 @@ class NameList::Delegate final : public QStyledItemDelegate {
     }
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        // A wider line than the list would make it scroll sideways.
+        // A line wider than the list would make the list scroll sideways.
         return {1, std::max(lineHeight, QStyledItemDelegate::sizeHint(option, index).height())};
     }
 
@@ -136,7 +136,7 @@ void NameList::setLines(std::vector<Line> lines) {
 void NameList::selectLine(size_t line) {
     const QModelIndex index = lineModel_->index(static_cast<int>(line), 0);
     setCurrentIndex(index);
-    // The toolkit's own centring is a line off before the list has been drawn.
+    // QListView's own centring is a line off before the list has been drawn.
     doItemsLayout();
     const int linesInSight = viewport()->height() / std::max(1, sizeHintForRow(0));
     verticalScrollBar()->setValue(index.row() - linesInSight / 2);
@@ -151,7 +151,7 @@ void NameList::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
     const bool moves = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home ||
                        key == Qt::Key_End || key == Qt::Key_PageUp || key == Qt::Key_PageDown;
-    // The toolkit's own keys go on from a line that has the focus but is not selected.
+    // QListView would move on from a line that has the focus but is not selected.
     if (moves && selectedLine() < 0 && lineModel_->firstUsable() >= 0) {
         setCurrentIndex(model()->index(lineModel_->firstUsable(), 0));
         if (key != Qt::Key_End && key != Qt::Key_PageDown) {

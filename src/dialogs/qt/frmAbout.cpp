@@ -12,7 +12,7 @@ namespace turnpost {
 
 namespace {
 
-// Sizes in points of 1/72 inch at 96 dots per inch, like all lengths of the forms.
+// Points of 1/72 inch at 96 dots per inch, so that the size fits the pixels of the form.
 void setFontSize(QLabel* label, double points, bool bold) {
     QFont font = label->font();
     font.setPixelSize(qRound(points * 96 / 72));

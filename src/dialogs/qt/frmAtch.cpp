@@ -50,7 +50,7 @@ void frmAtch::butAddAtch_Click(size_t k) {
 }
 
 void frmAtch::showFile(size_t k, const std::string& path) {
-    // An equal text would cost the box its cursor and its undo.
+    // Setting the same text again would lose the cursor position and the undo history.
     if (fromQt(txtFile[k]->text()) != path) {
         txtFile[k]->setText(toQt(path));
     }

@@ -44,7 +44,7 @@ void frmMessage::Default_Click() {
 }
 
 void frmMessage::mnuOK_Click() {
-    // The boxes cannot hold each kind of line break that a file can.
+    // The boxes cannot hold every kind of line break that a file can.
     const bool typedBody = txtMessage->document()->isModified();
     store_({txtSubject->isModified() ? fromQt(txtSubject->text()) : shown_.MessageSubject,
             typedBody ? textOf(txtMessage) : shown_.MessageBody});

@@ -7,8 +7,8 @@
 
 namespace turnpost {
 
-/// The message editor: subject and body of the template. Only OK stores anything; a text in
-/// which nothing was typed stays as it was, to the character. Its buttons do not answer Enter.
+/// The message editor: subject and body of the template. Only OK stores anything. A text in which
+/// nothing was typed stays unchanged to the character. Enter does not press its buttons.
 class frmMessage final : public Form {
   public:
     using Store = std::function<void(const MessageTemplate&)>;

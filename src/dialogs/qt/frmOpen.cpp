@@ -46,7 +46,7 @@ QString reasonOf(const std::optional<Refusal>& refusal) {
 
 QIcon folderIcon(const QStyle& style, QStyle::StandardPixmap which) {
     QIcon icon = style.standardIcon(which);
-    // Tinted for the highlight, an open folder would look like a closed one.
+    // With the tint of a selected icon, an open folder would look like a closed one.
     icon.addPixmap(icon.pixmap(16), QIcon::Selected);
     return icon;
 }
@@ -74,7 +74,7 @@ void frmOpen::addControls(const std::string& prompt) {
     Drive1 = new ElidingComboBox(client());
     Drive1->setObjectName("Drive1");
     Drive1->setAccessibleName("Drive");
-    // Screen readers of some systems take the chosen text for the name.
+    // Some screen readers speak the chosen text in place of the name.
     Drive1->setAccessibleDescription("Drive");
     Drive1->setGeometry(twipsRect(240, 420, 2775, 315));
     Dir1 = new NameList(client(), "Dir1", "Folder");
@@ -137,7 +137,7 @@ void frmOpen::showFolder(std::optional<FolderList> folder) {
 void frmOpen::showEvent(QShowEvent* event) {
     Form::showEvent(event);
     if (!shown_.lines.empty()) {
-        // Only now has the list its height.
+        // Only now does the list have its final height.
         Dir1->selectLine(shown_.current);
     }
 }
@@ -165,8 +165,7 @@ bool frmOpen::Dir1_KeyDown(int key) {
     if (line >= 0 && down) {
         Dir1_Change(line);
     } else if (line >= 0 && up) {
-        // The lines from the root to the current folder stand below each other; all that follow are
-        // in the current one.
+        // The first lines lead from the root to the current folder; all others are inside it.
         Dir1_Change(std::max(0, std::min(line - 1, static_cast<int>(shown_.current))));
     }
     return down || up;

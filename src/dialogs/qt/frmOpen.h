@@ -13,22 +13,22 @@ namespace turnpost {
 
 class NameList;
 
-/// The file picker.
+/// The file picker. Reports the chosen file, or a cancel.
 class frmOpen final : public Form {
   public:
-    /// What becomes of the request: exactly one of the two is called, before the dialog closes.
+    /// Exactly one of the two is called, before the dialog closes.
     struct Answer {
         std::function<void(const std::string& folder, const std::string& file, bool asDefaultGame)>
             picked;
         std::function<void()> cancelled;
     };
 
-    /// Opens in the game's folder, or in the program's (see pickerStartFolder), whose drive the
-    /// drive list shows.
+    /// Opens in the game's folder or in the program's (see pickerStartFolder). The drive list shows
+    /// the drive of the program's folder.
     frmOpen(QWidget* parent, const FilePicker& request, const std::string& gamePath,
             std::string programFolder, Answer answer);
 
-    /// Every way of closing but Load is Cancel.
+    /// Every way to close the dialog except Load is a cancel.
     void reject() override { butCancel_Click(); }
 
   protected:

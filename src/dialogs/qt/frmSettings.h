@@ -10,7 +10,7 @@ namespace turnpost {
 /// The e-mail settings dialog. Only OK stores anything.
 class frmSettings final : public Form {
   public:
-    /// At OK, `store` gets the host's name and address and the server as they were typed.
+    /// On OK, `store` gets the host's name and address and the server as they were typed.
     using Store = std::function<void(const std::string& hostName, const std::string& hostEmail,
                                      const std::string& smtpServer)>;
 

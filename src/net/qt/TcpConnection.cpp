@@ -12,8 +12,8 @@ namespace {
 using Transfer = SystemSocket::Transfer;
 
 constexpr std::chrono::minutes stillnessTimeout{1};
-// On Windows the event loop takes notifiers on late, and drops them for a moment with each event.
-// What breaks the connection meanwhile is not told by all versions.
+// On Windows the event loop registers notifiers late and drops them briefly at each event; a break
+// in such a gap may go unreported.
 constexpr std::chrono::milliseconds secondLook{100};
 constexpr size_t maxJoined = 1 << 16;
 constexpr int farewellAtProgramEnd = 100; // milliseconds
@@ -31,7 +31,7 @@ TcpConnection::TcpConnection(const std::string& host, std::uint16_t serverPort,
     connect(&timer_, &QTimer::timeout, this, &TcpConnection::lookAgain);
     QHostAddress address;
     if (address.setAddress(toQt(host))) {
-        // The toolkit would ask for the name of the address first, and wait where nobody answers.
+        // QHostInfo would first look up a name for the address, and wait if no server answers.
         addresses_ = {address};
         tryNextAddress(0);
         return;
@@ -103,7 +103,7 @@ void TcpConnection::finishConnect(int error) {
         tryNextAddress(error);
         return;
     }
-    // A reset that has followed so soon shows again after what the server has said before it.
+    // An immediate reset is no failed connect: receive() reports it after the server's data.
     state_ = State::Connected;
     readable_.setEnabled(true);
 }
@@ -112,14 +112,15 @@ void TcpConnection::send(std::string bytes, Socket::Send when) {
     if (state_ != State::Connected || failure_ != 0) {
         return;
     }
-    // Each call of the system is a packet of its own; joining what is large would only copy it.
+    // Each system call sends a packet of its own, so small pieces are joined; large ones would
+    // only be copied.
     if (!outgoing_.empty() && outgoing_.back().size() + bytes.size() <= maxJoined) {
         outgoing_.back() += bytes;
     } else {
         outgoing_.push_back(std::move(bytes));
     }
     if (when == Socket::Send::Now) {
-        // To the system at once: what it has taken is delivered even when Close follows.
+        // The system delivers what it has taken, even when Close follows.
         sendQueued();
     }
 }
@@ -153,7 +154,7 @@ void TcpConnection::dropQueued() {
     sent_ = 0;
 }
 
-// Events are queued: one may open a modal window, or close the connection that is still at work.
+// Events are queued, because their handler may open a modal window or close this connection.
 void TcpConnection::receive() {
     const auto transfer = system_.receive(incoming_);
     if (transfer.state != Transfer::Moved) {
@@ -165,7 +166,7 @@ void TcpConnection::receive() {
         lastHeard_ = std::chrono::steady_clock::now();
     } else {
         lastHeard_ = std::chrono::steady_clock::now();
-        // One event for each arrival; the system keeps the rest meanwhile.
+        // One event for each arrival; until then the system keeps what arrives.
         readable_.setEnabled(false);
         QMetaObject::invokeMethod(
             this,

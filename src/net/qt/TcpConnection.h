@@ -11,9 +11,21 @@
 
 namespace turnpost {
 
-/// One TCP connection, from the look-up of the host to its end; a socket of the toolkit's own
-/// connects again by itself when the server resets it early. Its events come from the event loop,
-/// never from inside a call, and none after leave().
+/// One TCP connection, from the look-up of the host to its end. QTcpSocket is not used: it
+/// reconnects silently after an early reset. Events come from the event loop, never from inside a
+/// call, and none after leave(). The notifiers and the timer are off during the look-up; then:
+///
+/// | state      | readable             | writable       | timer, 100 ms       | leave() leads to |
+/// |------------|----------------------|----------------|---------------------|------------------|
+/// | Connecting | off                  | on             | asks for the result | Ended, deletion  |
+/// | Connected  | on, except from an   | on while the   | receives while      | Closing          |
+/// |            | arrival to its event | system is full | readable is on      |                  |
+/// | Closing    | on; what arrives     | the same       | the same; Ended     | (never called)   |
+/// |            | is dropped           |                | when a minute still |                  |
+/// | Ended      | off                  | off            | off                 | deletion         |
+///
+/// The server's end of stream and errors lead to Ended; a failed connect only after the last
+/// address. From Closing, deletion follows.
 class TcpConnection final : public QObject {
   public:
     /// Looks the host up, and tries its addresses one after another until one answers.
@@ -22,10 +34,10 @@ class TcpConnection final : public QObject {
     TcpConnection(const TcpConnection&) = delete;
     TcpConnection& operator=(const TcpConnection&) = delete;
 
-    /// At the program's end: a connection that is being seen off gets a moment to end in order.
+    /// At the program's end, a connection that is closing gets a moment to do so in order.
     ~TcpConnection() override;
 
-    // As the operations of Socket.
+    // The same operations as in Socket.
     void setEvents(SocketEvents* socketEvents) { events_ = socketEvents; }
     bool isOpen() const { return state_ == State::Connecting || state_ == State::Connected; }
     std::chrono::steady_clock::duration silence() const {
@@ -36,11 +48,11 @@ class TcpConnection final : public QObject {
 
     enum class Queue { Dropped, Sent };
 
-    /// The owner's last call. The connection sees itself off in the background and deletes itself:
-    /// it sends what is queued, if so wanted, ends the sending side, and reads until the server has
-    /// closed too. Closing at once instead would answer the server's late reply to QUIT with a
-    /// reset, which may make it drop the mail it has just accepted. Gives up when no byte has moved
-    /// for a minute.
+    /// The owner's last call. The connection closes in the background and deletes itself: it sends
+    /// or drops what is queued, ends the sending side, and reads until the server has closed too.
+    /// If it closed at once, the system would answer the server's late reply to QUIT with a reset,
+    /// and the server might then drop the mail that it has just accepted. Gives up when no byte has
+    /// moved for a minute.
     void leave(Queue queue);
 
   private:
@@ -64,12 +76,12 @@ class TcpConnection final : public QObject {
     QSocketNotifier readable_{QSocketNotifier::Read, this};
     QSocketNotifier writable_{QSocketNotifier::Write, this};
     QTimer timer_{this};
-    // When the server was heard last; once closing, when a byte moved last.
+    // When data arrived last; in Closing, when a byte moved last in either direction.
     std::chrono::steady_clock::time_point lastHeard_ = std::chrono::steady_clock::now();
     std::string incoming_;
     std::deque<std::string> outgoing_;
-    size_t sent_ = 0; // Of the first.
-    // Of sending; reported when what has arrived before has been read.
+    size_t sent_ = 0; // Bytes of outgoing_.front() that the system has taken.
+    // The error of the last send; reported once all received data has been read.
     int failure_ = 0;
 };
 

@@ -4,8 +4,7 @@
 
 namespace turnpost {
 
-/// The program's TCP client. Every connection is an object of its own, with nothing of the one
-/// before it.
+/// The program's TCP client. Each connection is a fresh object that carries no state over.
 class TcpSocket final : public QObject, public Socket {
   public:
     explicit TcpSocket(QObject* parent = nullptr) : QObject(parent) {}

@@ -78,7 +78,7 @@ void RosterRows::showGame() {
         const Row& row = rows_[static_cast<size_t>(i)];
         row.PlayNum->setText(QString::number(i + 1));
         {
-            // The model may hold another number than 1 for a tick; showing it must not change it.
+            // A file may hold another number than 1 for a tick; showing it must not change it.
             const QSignalBlocker blocker(row.IncludePlayer);
             row.IncludePlayer->setChecked(slot.IncludePlayer != 0);
         }

@@ -18,11 +18,11 @@ class RosterRows final : public QObject {
     /// Makes the rows on `client`; `game` must outlive them.
     RosterRows(QWidget* client, GameDetails& game);
 
-    /// Brings every control in step with the model.
+    /// Shows the model in every control.
     void showGame();
 
-    /// Gives the number and the tick of each row this text as a tip and as the description that
-    /// screen readers speak; an empty one takes it away. Lines end in CR LF.
+    /// Gives the number and the tick of each row this text as a tooltip and as the description that
+    /// screen readers speak. An empty text removes both. Lines end in CR LF.
     void showNotes(const std::array<std::string, rowCount>& notes);
 
   private:

@@ -22,7 +22,7 @@ namespace {
 
 constexpr int maxNameWidth = 320; // pixels, half of the window
 
-// The menu would put what follows a tab into its column of shortcuts.
+// A menu shows the text after a tab in its column of shortcuts, so tabs become blanks.
 void showStoredGame(QAction* item, const std::string& name) {
     const QString line = toQt(oneLine(name)).replace('\t', ' ');
     const QFontMetrics metrics(item->font());
@@ -48,8 +48,8 @@ void frmMain::setProgress(double fraction) {
 }
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
-    // Every press counts, also on the option that already shows as selected and the second one of a
-    // double-click; selecting by the keyboard does nothing.
+    // Every mouse press counts, also on the selected option and the second press of a double-click.
+    // Selecting by the keyboard does nothing.
     const bool press =
         event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
     for (size_t index = 0; press && index < PlaySel.size(); ++index) {
@@ -57,8 +57,8 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
             PlaySel_MouseDown(static_cast<int>(index));
         }
     }
-    // The second press of a double-click on a send button would start over, and mail again whom the
-    // first has reached.
+    // The second press of a double-click would restart the send and mail again the players already
+    // reached.
     if (event->type() == QEvent::MouseButtonDblClick &&
         (watched == butSend || watched == Command1)) {
         return true;
@@ -68,7 +68,7 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
 
 void frmMain::closeEvent(QCloseEvent* event) {
     event->accept();
-    // The animation lets events run, a second close among them.
+    // The animation handles pending events; one of them may be a second close.
     if (!std::exchange(closing_, true)) {
         commands_.shutDown();
         playClosing_(this);

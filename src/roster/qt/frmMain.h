@@ -16,13 +16,13 @@ namespace turnpost {
 
 class FilledBar;
 
-/// The main window: shows the game and hands every command on.
+/// The main window: shows the game and passes every command on to `commands`.
 class frmMain final : public Form {
   public:
-    /// `playClosing` is played on the window when the host closes it, before the program ends.
+    /// `playClosing` is called with the window when the host closes it, before the program ends.
     frmMain(MainCommands& commands, std::function<void(QWidget*)> playClosing);
 
-    /// Brings every control in step with the game, and the Stored Games menu with these names.
+    /// Shows the game in every control, and these names in the Stored Games menu.
     void showValues(const std::array<std::string, 4>& storedGames);
 
     /// Sets the length of the progress bar, from 0 to 1 of its track.
@@ -36,7 +36,7 @@ class frmMain final : public Form {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    // In the order of reading, which is that of Tab too: the menus, then line by line.
+    // In reading order, which is also the Tab order.
     void addMenus();
     void addNameLine();
     void addPathLine();

@@ -63,7 +63,7 @@ void frmMain::addProgress() {
     QLabel* Label8 = addLabel("Label8", "Sending Progress", twipsRect(5760, 540, 3615, 615));
     Label8->setContentsMargins({});
     Label8->setFrameStyle(QFrame::Box | QFrame::Plain);
-    // It would count from the top too, and the bar hide what hangs below the letters.
+    // The indent would also move the text down, and the bar would cover its descenders.
     Label8->setIndent(0);
     addLabel("Label6", "0%", twipsRect(5880, 780, 255, 255));
     Shape1 = new FilledBar(client(), toPixels(2640));

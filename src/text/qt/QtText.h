@@ -14,7 +14,7 @@ inline std::string fromQt(const QString& text) {
     return text.toStdString();
 }
 
-/// For places where the toolkit would take "&" as the mark of an access key.
+/// Doubles each "&", for widgets that would take it as the mark of an access key.
 inline QString escapeMnemonics(QString text) {
     return text.replace('&', "&&");
 }
