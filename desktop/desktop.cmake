@@ -1,4 +1,4 @@
-# What desktops show of the program. The icon comes in all the sizes they ask for, from one drawing.
+# Icon, entry and package for desktops. One drawing gives the icon in all sizes that desktops use.
 set(DESKTOP ${CMAKE_BINARY_DIR}/desktop)
 file(MAKE_DIRECTORY ${DESKTOP})
 find_program(RSVG_CONVERT rsvg-convert)
@@ -18,7 +18,7 @@ else()
 endif()
 
 if(WIN32)
-  # Icon and version of the program file, and how it wants to be run.
+  # The icon, version and manifest inside the program file.
   configure_file(${CMAKE_CURRENT_LIST_DIR}/turnpost.manifest.in ${DESKTOP}/turnpost.manifest @ONLY)
   set(parts ${DESKTOP}/turnpost.manifest)
   if(RSVG_CONVERT AND ICOTOOL)

@@ -1,4 +1,4 @@
-# What is installed on Linux, and the Debian package of it. The application id names all of it.
+# The files to install on Linux, and the Debian package. All are named by the application id.
 set(ID net.nimbusturnpost.Turnpost)
 set(TURNPOST_RELEASE_DATE 2026-11-23)
 include(GNUInstallDirs)
@@ -15,7 +15,7 @@ foreach(size 16 24 32 48 64 128 256)
     DESTINATION ${ICON_THEME}/${size}x${size}/apps RENAME ${ID}.png)
 endforeach()
 
-# Debian wants them packed, and without the time in them.
+# Debian wants these texts compressed, without a time stamp.
 find_program(GZIP gzip REQUIRED)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/changelog.in ${DESKTOP}/changelog @ONLY)
 foreach(text turnpost.1 changelog)

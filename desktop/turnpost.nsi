@@ -1,5 +1,5 @@
-; The installer: for one person, without an administrator. Given on the command line: VERSION, FILES
-; (the folder with what is handed out), ICON and OUTPUT.
+; The installer, for one user and without administrator rights. The command line defines VERSION, FILES
+; (the folder of the files to install), ICON and OUTPUT.
 Target amd64-unicode
 SetCompressor /SOLID lzma
 !include MUI2.nsh
@@ -43,7 +43,7 @@ Section
     WriteRegDWORD HKCU "${UNINSTALL}" "NoRepair" 1
 SectionEnd
 
-; Only what was installed goes: the host's settings and games stay, whatever lies in the folder.
+; Removes only what was installed; the host's settings and games in the folder stay.
 Section Uninstall
     Delete "$INSTDIR\turnpost.exe"
     Delete "$INSTDIR\READ ME.txt"

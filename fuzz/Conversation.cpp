@@ -11,8 +11,8 @@ using fuzz::require;
 
 namespace {
 
-// Of every three rows the first gets a message with a file, the second has no address, and the
-// third is skipped.
+// In every group of three rows, the first gets a message with a file, the second has no address,
+// and the third is skipped.
 struct Game {
     TempFolder folder;
     GameDetails details;
@@ -30,7 +30,7 @@ struct Game {
         }
     }
 
-    /// What a row's connection is told, part by part.
+    /// All that the program sends on a row's connection, part by part.
     static std::vector<std::string> parts(size_t row) {
         const std::string number = std::to_string(row + 1);
         const std::string name = "P" + number;
@@ -51,8 +51,8 @@ bool accepted(const std::string& reply) {
 
 } // namespace
 
-// Each text of the input is one arrival of data; a lone "!" is a broken connection. No event comes
-// without a connection.
+// Each text of the input is one arrival of data; the text "!" is a broken connection. Without a
+// connection there are no events.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     static const Game game;
     FakeSocket line;

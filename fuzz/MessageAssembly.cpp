@@ -17,7 +17,7 @@ bool isCommand(const std::string& line, const char* verb) {
            line.find_first_of("\r\n") == line.size() - 2;
 }
 
-// What a server reads that takes the message byte by byte (RFC 5321, 4.1.1.4 and 4.5.2).
+// The message as a server reads it byte by byte (RFC 5321, 4.1.1.4 and 4.5.2).
 std::string received(const std::string& wire) {
     require(wire.ends_with("\r\n.\r\n"), "a line of one period ends the message");
     const size_t end = wire.size() - 3;

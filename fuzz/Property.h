@@ -9,16 +9,16 @@
 
 namespace turnpost::fuzz {
 
-/// What must always hold and does not, is thrown: the fuzzing engine takes that for a finding, a
-/// test for its failure.
+/// Thrown when something that must always hold does not: the fuzzing engine then reports a finding,
+/// and a test fails.
 inline void require(bool holds, const char* property) {
     if (!holds) {
         throw std::logic_error(property);
     }
 }
 
-/// The input as texts, which are separated by NULs, so that seeds can be written by hand. Missing
-/// ones are empty; the last one takes the rest.
+/// The input as texts. They are separated by NULs, so that seeds can be written by hand. Missing
+/// texts are empty; the last text takes the rest.
 inline std::vector<std::string> textsOf(const std::uint8_t* data, size_t size, size_t count) {
     std::string_view rest(reinterpret_cast<const char*>(data), size);
     std::vector<std::string> texts(count);

@@ -12,7 +12,7 @@ using fuzz::require;
 
 namespace {
 
-// The system's own opinion: the bytes in another encoding; nothing when they are none of this one.
+// The bytes as the system converts them to another encoding; nothing if they are invalid.
 std::optional<std::string> converted(std::string bytes, const char* from, const char* to) {
     const iconv_t converter = iconv_open(to, from);
     std::string result(bytes.size() * 4, '\0');
@@ -49,8 +49,8 @@ void checkCodePages(const std::string& bytes) {
     require(foldCase(foldCase(bytes)) == foldCase(bytes), "folding twice changes nothing more");
 }
 
-// A body in which a line that ends in a double quote is followed by one that begins with a number
-// may be read as a shorter body and a row.
+// A body may be read as a shorter body and a row, if a line of it ends in a double quote and the
+// next line begins with a number.
 bool mayHoldRows(const std::string& body) {
     for (size_t quote = body.find('"'); quote != std::string::npos;
          quote = body.find('"', quote + 1)) {
@@ -63,8 +63,8 @@ bool mayHoldRows(const std::string& body) {
     return false;
 }
 
-// What must hold for a file of any texts, given one without texts, the body among the texts, and
-// what came of reading it.
+// What must hold for a file of any texts. Takes a file without texts, the body among the texts, and
+// the result of reading the file.
 void checkReadBack(const std::string& file, const std::string& empty, const std::string& body,
                    bool equal, bool damaged) {
     const auto added = [&](char c) {
@@ -102,8 +102,7 @@ void checkGame(const GameDetails& game, const MessageTemplate& message) {
             "what will not come back is known when it is saved");
 }
 
-// The input as a file's bytes, and what the program does with it when the host opens the file and
-// saves it again.
+// Takes the input as the bytes of a file that the host opens and saves again.
 void checkReading(const std::string& bytes) {
     const std::string text = fromFileBytes(bytes);
     if (const SettingsReading settings = parseSettings(text); !settings.damaged) {
@@ -117,7 +116,7 @@ void checkReading(const std::string& bytes) {
     }
 }
 
-// The input as the texts of both files; its first 16 bytes are also the rows' flags.
+// Takes the input as the texts of both files. Its first 16 bytes are also the rows' flags.
 void checkWriting(const std::uint8_t* data, size_t size) {
     const auto few = fuzz::textsOf(data, size, 12);
     Settings settings{few[0], few[1], few[2], {}, few[11]};
@@ -139,7 +138,7 @@ void checkWriting(const std::uint8_t* data, size_t size) {
 
 } // namespace
 
-// Whatever reads what others wrote, or what the program wrote itself, gets every input.
+// Every function that reads files, of others or of the program, gets every input.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     const std::string bytes(reinterpret_cast<const char*>(data), size);
     checkCodePages(bytes);

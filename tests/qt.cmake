@@ -6,7 +6,7 @@ foreach(folder net/qt widgets smtp/qt dialogs/qt roster/qt app/qt)
   target_include_directories(test_${room} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(test_${room} PRIVATE turnpost_automation GTest::gtest)
   if(CMAKE_CROSSCOMPILING)
-    # The static toolkit holds what is named only.
+    # A static Qt holds only the plugins that are named.
     qt_import_plugins(test_${room} INCLUDE Qt6::QOffscreenIntegrationPlugin)
   endif()
   turnpost_add_tests(test_${room})
@@ -15,18 +15,18 @@ endforeach()
 target_compile_definitions(test_smtp_qt PRIVATE TURNPOST_TESTS="${CMAKE_CURRENT_SOURCE_DIR}")
 
 if(CMAKE_CROSSCOMPILING)
-  return() # What follows starts programs from scripts of this system.
+  return() # The tests below start programs from scripts of this system.
 endif()
-# The whole way of a host, from an empty folder to both reports.
-add_test(NAME Demo.EveryMessageArrivesAsItShould
+# All that a host does, from an empty folder to both reports.
+add_test(NAME Demo.EveryMessageArrives
   COMMAND sh -c "rm -rf demo && mkdir demo && exec \"$0\" --headless demo"
           $<TARGET_FILE:turnpost_demo>)
-set_tests_properties(Demo.EveryMessageArrivesAsItShould PROPERTIES
+set_tests_properties(Demo.EveryMessageArrives PROPERTIES
   TIMEOUT 300 ENVIRONMENT "${TURNPOST_TEST_ENVIRONMENT}")
 
-# As a host who uses neither mouse nor screen, in the real program, on the buses of a desktop.
-add_test(NAME Desktop.WholeEveningByKeysAsAScreenReaderReadsIt
+# The real program, used by keys and a screen reader alone, with a session bus of its own.
+add_test(NAME Desktop.EverythingWorksByKeysAndScreenReader
   COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_DIR}/app/evening_by_keys.py
           $<TARGET_FILE:turnpost> ${CMAKE_CURRENT_SOURCE_DIR}/support/mailbox_server.py)
-set_tests_properties(Desktop.WholeEveningByKeysAsAScreenReaderReadsIt PROPERTIES
+set_tests_properties(Desktop.EverythingWorksByKeysAndScreenReader PROPERTIES
   TIMEOUT 300 ENVIRONMENT "${TURNPOST_TEST_ENVIRONMENT}")

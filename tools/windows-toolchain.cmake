@@ -1,18 +1,18 @@
-# Builds for 64-bit Windows on another system; what it builds runs under Wine.
+# Builds for 64-bit Windows on another system. The programs run under Wine.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
-# The variant with POSIX threads is the one whose standard library has all of C++20.
+# Only the variant with POSIX threads has all of C++20 in its standard library.
 set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 
-# Programs and DLLs carry the compiler's runtime with them: nothing to install, nothing to find.
+# Programs and DLLs contain the compiler's runtime, so that no DLL has to be installed.
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
 set(CMAKE_SHARED_LINKER_FLAGS_INIT -static)
 set(CMAKE_MODULE_LINKER_FLAGS_INIT -static)
 
-# This system's own libraries and headers are of no use there. TURNPOST_TOOLKIT is the folder of the
-# static Qt, for what has windows.
+# This system's own libraries and headers cannot be used for Windows. TURNPOST_TOOLKIT is the folder of
+# the static Qt, which the windows need.
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES TURNPOST_TOOLKIT)
 set(CMAKE_FIND_ROOT_PATH ${TURNPOST_TOOLKIT} /usr/x86_64-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)

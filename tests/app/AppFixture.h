@@ -10,8 +10,8 @@
 
 namespace turnpost {
 
-/// A program in a folder of its own, with a person played by the test, who has found and named a
-/// game of the players 1 and 4 in 2405.
+/// A program in a folder of its own. The test plays the host, who has found and named a game of the
+/// players 1 and 4 in 2405.
 class AppFixture : public testing::Test {
   protected:
     using Texts = std::vector<std::string>;
@@ -36,7 +36,7 @@ class AppFixture : public testing::Test {
         application.startUp();
     }
 
-    /// The person picks this file the next time the picker opens.
+    /// The host picks this file the next time the picker opens.
     void willPick(const TempFolder& place, const std::string& file) {
         windows.inFilePicker = [this, path = place.path(), file] {
             application.pickFile(path, file, false);

@@ -7,7 +7,7 @@ class Commands : public AppFixture {
     Commands() { game.rows[3].PlayerEmail = "four@example.org"; }
 };
 
-TEST_F(Commands, TheMailSystemTakesOverOnlyFromAServerThatIsGoneOrSilentForAMinute) {
+TEST_F(Commands, MapiReplacesOnlyAStalledSmtpSend) {
     socket.silent = std::chrono::seconds(59);
     application.butSend_Click();
     application.sendByMailSystem();
@@ -28,7 +28,7 @@ TEST_F(Commands, TheMailSystemTakesOverOnlyFromAServerThatIsGoneOrSilentForAMinu
     EXPECT_EQ(windows.boxes.size(), 1U);
 }
 
-TEST_F(Commands, WhileAMailClientRunsAMessageLoopOfItsOwnNeitherButtonStartsASecondSend) {
+TEST_F(Commands, ButtonsStartNoSecondSendInsideAMailClient) {
     mail->inSend = [this] {
         if (game.rows[3].PlayerEmail != "late@example.org") {
             application.butSend_Click();

@@ -7,7 +7,7 @@ namespace turnpost {
 
 namespace {
 
-// Writes down each place and size, and every repainting. The screen is 15361 by 301 twips.
+// Records each position and size, and every repaint. The screen is 15361 by 301 twips.
 class FakeClosingWindow final : public ClosingWindow {
   public:
     std::string steps;
@@ -28,8 +28,8 @@ class FakeClosingWindow final : public ClosingWindow {
 
 } // namespace
 
-// The remainder of a halved distance is dropped toward zero; the limits themselves end the steps.
-TEST(ClosingAnimation, ShrinksCentredToALineAndThenToADotWhetherTheWindowObeysOrNot) {
+// Half a distance is rounded toward zero, and a step that reaches the limit is the last.
+TEST(ClosingAnimation, ShrinksToALineAndThenToADot) {
     FakeClosingWindow disobedient;
     playClosingAnimation(disobedient);
     EXPECT_EQ(disobedient.steps, " paint down -149+600 paint down -99+500 down -99+30"

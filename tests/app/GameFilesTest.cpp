@@ -24,7 +24,7 @@ class GameFiles : public AppFixture {
     std::string saved;
 };
 
-TEST_F(GameFiles, OpenBringsBackTheGameWithTheYearOfTodayAndKeepsTheAttachments) {
+TEST_F(GameFiles, OpenRestoresTheGameAndReadsTheYearAnew) {
     EXPECT_EQ(host.read("GAME.NTP") + "2405", saved);
     writeHostFile('\x06');
     application.storeAttachments({0, 1, {"a", "", "c"}});
@@ -34,7 +34,7 @@ TEST_F(GameFiles, OpenBringsBackTheGameWithTheYearOfTodayAndKeepsTheAttachments)
     EXPECT_EQ(values.attachments, AttachmentChoices({0, 1, {"a", "", "c"}}));
 }
 
-TEST_F(GameFiles, LineBreaksInAFilesNamesDoNotReachTheOneLineBoxes) {
+TEST_F(GameFiles, LineBreaksInNamesNeverReachTheBoxes) {
     open(host, "GAME.NTP");
     game.GameName = "Cup\r\nX";
     game.rows[0].PlayerName = "Red\rX";
@@ -46,7 +46,7 @@ TEST_F(GameFiles, LineBreaksInAFilesNamesDoNotReachTheOneLineBoxes) {
     EXPECT_EQ(values.message, (MessageTemplate{"Turn X", "a\r\nb"}));
 }
 
-TEST_F(GameFiles, TheDefaultGameIsLoadedAtTheStartOnlyAndWithoutAPicker) {
+TEST_F(GameFiles, DefaultGameLoadsAtStartWithoutAPicker) {
     for (const std::string name : {"Cup", ""}) {
         start({"", "", "", {}, host.path(name.empty() ? "GONE.NTP" : "GAME.NTP")});
         EXPECT_EQ(values.game.GameName, name);
@@ -57,7 +57,7 @@ TEST_F(GameFiles, TheDefaultGameIsLoadedAtTheStartOnlyAndWithoutAPicker) {
     }
 }
 
-TEST_F(GameFiles, SavedOnAnotherSystemAreTheSameToTheByteButForTheirFolder) {
+TEST_F(GameFiles, OnlyTheFolderDiffersOnAnotherSystem) {
     const TempFolder moved;
     const std::string there = host.read("GAME.NTP");
     for (const std::string other : {"/home/me/my game/", "D:\\Games\\"}) {
@@ -72,7 +72,7 @@ TEST_F(GameFiles, SavedOnAnotherSystemAreTheSameToTheByteButForTheirFolder) {
     }
 }
 
-TEST_F(GameFiles, AFolderThatIsNoneOfThisSystemIsNotLookedForWhereTheProgramWasStarted) {
+TEST_F(GameFiles, FoldersOfAnotherSystemAreNotLookedFor) {
     const std::filesystem::path before = std::filesystem::current_path();
     const TempFolder here;
     here.makeFolder("rel");
@@ -93,7 +93,7 @@ TEST_F(GameFiles, AFolderThatIsNoneOfThisSystemIsNotLookedForWhereTheProgramWasS
     std::filesystem::current_path(before);
 }
 
-TEST_F(GameFiles, AMovedGameIsTheOneBesideItsFileUnlessTheOldPlaceStillHoldsIt) {
+TEST_F(GameFiles, MovedGamesAreFoundBesideTheirFile) {
     const TempFolder moved;
     moved.write("GAME.NTP", host.read("GAME.NTP"));
     moved.write("game.hst", std::string(13, '\x09') + '\0');

@@ -2,12 +2,12 @@
 
 namespace turnpost {
 
-/// How each message box is brought about, but for those of sending.
+/// Makes each message box appear, except those of sending.
 class MessageBoxes : public AppFixture {
   protected:
     using Command = std::function<void(Application&)>;
 
-    // These boxes in order, and the game stays as it was.
+    // Expects these boxes in this order, and an unchanged game.
     void expectBoxes(const Command& command, const Texts& boxes) {
         const SharedValues before = values;
         windows.boxes.clear();
@@ -26,7 +26,7 @@ class MessageBoxes : public AppFixture {
         "system's code page lacks, and save again.";
 };
 
-TEST_F(MessageBoxes, OfSavingSayWhereOrWhyNot) {
+TEST_F(MessageBoxes, SaveSaysWhereOrWhyNot) {
     const std::string details = folder + "GAME.NTP";
     expectBoxes(configure, {"Please save game details first"});
     game.rows[0].PlayerName = "Red\",\"Leader";
@@ -51,7 +51,7 @@ TEST_F(MessageBoxes, OfSavingSayWhereOrWhyNot) {
     expectBoxes(save, {"Cannot write " + game.GamePath.substr(0, 250) + "..." +
                        std::string(243, 'a') + "NEW.NTP\r\nFile name too long"});
 #endif
-    // Neither found nor written wherever the program happens to be started.
+    // Such a folder must not be taken as relative to the current folder.
     const std::filesystem::path before = std::filesystem::current_path();
     std::filesystem::current_path(toNativePath(folder));
     for (const std::string elsewhere : {"", "sub/", "\\Stars\\", "C:GAME/"}) {
@@ -75,7 +75,7 @@ TEST_F(MessageBoxes, OfSavingSayWhereOrWhyNot) {
     expectBoxes(configure, {"Please enter a game name"});
 }
 
-TEST_F(MessageBoxes, OfOpeningSayWhyNotAndTheGameStaysAsItWas) {
+TEST_F(MessageBoxes, FailedOpenSaysWhyAndChangesNothing) {
     host.write("BAD.NTP", "\"a\"\r\n\"b\"\r\n\"c");
     host.write("LARGE.NTP", std::string((1U << 20U) + 1, '\n'));
     host.write("FAR.HST", std::string(12, 'x') + "\xA0\x76");
@@ -98,7 +98,7 @@ TEST_F(MessageBoxes, OfOpeningSayWhyNotAndTheGameStaysAsItWas) {
     }
 }
 
-TEST_F(MessageBoxes, OfTheSettingsSayWhatIsWrongWithTheirFileAndTheProgramRunsOn) {
+TEST_F(MessageBoxes, BadSettingsAreReportedAndTheProgramRunsOn) {
     const auto store = [](const std::string& name) {
         return [name](Application& started) { started.storeEmailSettings(name, "a@b", "mail"); };
     };

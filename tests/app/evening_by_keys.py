@@ -1,5 +1,5 @@
-"""A host's whole evening by keys alone, in the real program on a screen of its own, read as screen
-readers do. usage: evening_by_keys.py PROGRAM SCRIPT_OF_A_MAIL_SERVER"""
+"""Does all that a host does in an evening, by keys alone, in the real program on a screen of its own,
+and reads the windows as screen readers do. usage: evening_by_keys.py PROGRAM SCRIPT_OF_A_MAIL_SERVER"""
 
 import os
 import shutil
@@ -34,7 +34,7 @@ def until(answer, what):
             if found := answer():
                 return found
         except GLib.Error:
-            pass  # A window went away meanwhile.
+            pass  # A window was closed in the meantime.
         time.sleep(0.02)
     raise AssertionError(f"no {what}")
 
@@ -44,7 +44,7 @@ def children(node):
 
 
 def showing(node):
-    """The node and all that shows in it, in the order of reading."""
+    """The node and all visible nodes inside it, in reading order."""
     if node.get_state_set().contains(Atspi.StateType.SHOWING):
         yield node
         for child in children(node):
@@ -60,7 +60,7 @@ def kind(node):
 
 
 def window(title):
-    """Waits until the window is active. All that shows in it must have a role and a name."""
+    """Waits until the window is active. Each visible node in it must have a role and a name."""
     global front
     form, = until(lambda: [form for app in children(Atspi.get_desktop(0))
                            for form in in_state(children(app), Atspi.StateType.ACTIVE)
@@ -85,8 +85,8 @@ def write(name, text):
 
 
 def go_to(name, *keys):
-    """By Tab to the control, and there the keys."""
-    # The toolkit says of a list's current item that it has the focus, wherever that is.
+    """Goes to the control by Tab, and presses the keys there."""
+    # Qt reports the current item of a list as focused, even when the focus is elsewhere.
     stops = [node for node in in_state(front, Atspi.StateType.FOCUSABLE)
              if node.get_role_name() != "list item"]
 
@@ -172,7 +172,7 @@ def play(folder):
         os.environ["DISPLAY"] = ":" + os.read(screen, 9).decode().strip()
         start("openbox")
         port = start(sys.executable, sys.argv[2], f"{folder}/mail").stdout.readline().strip()
-        # What was once read of a control would stay as it was.
+        # Cached properties of a control would not be read again.
         Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
         evening(home, port, start(program))
     finally:
@@ -185,7 +185,7 @@ if len(sys.argv) > 3:
     play(sys.argv[3])
 else:
     with tempfile.TemporaryDirectory() as folder:
-        # Buses of its own: the person's session has its sockets where these say.
+        # Without these the program would use the buses of the user's own session.
         own = dict(os.environ, HOME=folder, XDG_RUNTIME_DIR=folder, QT_QPA_PLATFORM="xcb",
                    QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         sys.exit(subprocess.call(["dbus-run-session", "--", sys.executable, *sys.argv, folder],

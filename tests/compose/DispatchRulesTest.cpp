@@ -23,7 +23,7 @@ class DispatchRules : public testing::Test {
         std::filesystem::remove(toNativePath(temp.path(name)));
     }
 
-    // The row's line, or its texts when it gets a message; fills attached.
+    // The row's line if it is refused, else its texts. Fills `attached`.
     std::string outcome(Transport transport) {
         attached.clear();
         const auto attach = [this](const std::string& path) {
@@ -54,7 +54,7 @@ class DispatchRules : public testing::Test {
     Names attached;
 };
 
-TEST_F(DispatchRules, EachCommandHasItsFilesInOrderAndLooksForNoOthers) {
+TEST_F(DispatchRules, AttachesOnlyTheChosenFilesInOrder) {
     expectBoth(sent);
     EXPECT_EQ(attached, Names({temp.path("MY.CUP.M3"), temp.path("MY.XY"), temp.path("EXTRA0"),
                                temp.path("EXTRA2")}));
@@ -67,14 +67,14 @@ TEST_F(DispatchRules, EachCommandHasItsFilesInOrderAndLooksForNoOthers) {
     expectBoth(sent);
 }
 
-TEST_F(DispatchRules, OnlyATickOfZeroSkipsWhetherTheRowIsShownOrNot) {
+TEST_F(DispatchRules, HiddenRowsAreSentUnlessTheTickIsZero) {
     player = {2, "Red Leader", "  ", "", "MY.CUP.M3", false};
     expectBoth(sent);
     player.IncludePlayer = 0;
     expectBoth("Player Skipped");
 }
 
-TEST_F(DispatchRules, AnAddressThatWouldGoOutAsAnotherOneRefusesTheRowAndNamesTheCharacter) {
+TEST_F(DispatchRules, UnsendableAddressesAreRefusedWithTheCharacterNamed) {
     const std::string unsendable = "The address cannot be sent: ";
     player.PlayerEmail = "p1\r\n\u2028\u200B@example.org";
     expectBoth(unsendable + "character 5 is invisible (U+200B)");
@@ -91,7 +91,7 @@ TEST_F(DispatchRules, AnAddressThatWouldGoOutAsAnotherOneRefusesTheRowAndNamesTh
                own + "The alternate address cannot be sent: character 2 is invisible (U+00AD)");
 }
 
-TEST_F(DispatchRules, AFolderOfAnotherSystemIsNotLookedForWhereTheProgramWasStarted) {
+TEST_F(DispatchRules, FoldersOfAnotherSystemAreNotLookedFor) {
     const std::filesystem::path before = std::filesystem::current_path();
     temp.makeFolder("rel");
     temp.write("rel/MY.CUP.M3", "x");
@@ -102,7 +102,7 @@ TEST_F(DispatchRules, AFolderOfAnotherSystemIsNotLookedForWhereTheProgramWasStar
     std::filesystem::current_path(before);
 }
 
-TEST_F(DispatchRules, SmtpListsEveryMissingFileAndMapiStopsAtTheTurnFileButForExtraFiles) {
+TEST_F(DispatchRules, SmtpAndMapiReportMissingFilesDifferently) {
     remove("MY.XY");
     expectBoth("XY file not found ");
     remove("MY.CUP.M3");
@@ -116,7 +116,7 @@ TEST_F(DispatchRules, SmtpListsEveryMissingFileAndMapiStopsAtTheTurnFileButForEx
     expectBoth("Player Skipped", "Player Skipped" + extra);
 }
 
-TEST_F(DispatchRules, AFileThatCannotBeReadRefusesTheRowWithItsOwnFinding) {
+TEST_F(DispatchRules, UnreadableFilesAreReportedAsSuch) {
     unreadable = "MY.XY";
     expectBoth("XY file cannot be read ");
 #ifndef _WIN32
@@ -129,7 +129,7 @@ TEST_F(DispatchRules, AFileThatCannotBeReadRefusesTheRowWithItsOwnFinding) {
 #endif
 }
 
-TEST_F(DispatchRules, FilesThatAreTooLongTogetherRefuseTheRowBeforeAnyIsTaken) {
+TEST_F(DispatchRules, OverlongMessagesAreRefusedBeforeAttaching) {
     const std::filesystem::path extra = toNativePath(temp.path("EXTRA0"));
     std::filesystem::resize_file(extra, (64U << 20) - 3);
     expectBoth(sent);
@@ -138,7 +138,7 @@ TEST_F(DispatchRules, FilesThatAreTooLongTogetherRefuseTheRowBeforeAnyIsTaken) {
     EXPECT_EQ(attached, Names());
 }
 
-TEST_F(DispatchRules, PlaceholdersThatMultiplyFillNoMemoryButAreReported) {
+TEST_F(DispatchRules, MultiplyingPlaceholdersAreRefused) {
     for (int i = 0; i < 300; ++i) {
         text.MessageBody += "<<GN>>";
         game.GameName += "<<FN>>";

@@ -6,7 +6,7 @@
 
 namespace turnpost {
 
-TEST(MUUEncode, TheBlockIsExactToTheByteAndItsHeaderHoldsTheNameWithoutFolderOrLineBreaks) {
+TEST(MUUEncode, BlockIsExactAndItsHeaderNamesTheFile) {
     const TempFolder temp;
     temp.makeFolder("X");
     temp.write("X/My Game.m1", std::string(46, '\0'));

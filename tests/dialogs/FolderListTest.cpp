@@ -16,7 +16,7 @@ static Names namesOf(const std::vector<FileLine>& files) {
     return names;
 }
 
-TEST(FolderList, ShowsTheWayFromTheRootThenSubfoldersAndMatchingFilesWithoutRegardToCase) {
+TEST(FolderList, ShowsParentFoldersSubfoldersAndMatchingFiles) {
     const TempFolder temp;
     for (const char* name : {"b", "A", ".wine", "C"}) {
         temp.makeFolder(std::string("Game/") + name);
@@ -37,7 +37,7 @@ TEST(FolderList, ShowsTheWayFromTheRootThenSubfoldersAndMatchingFilesWithoutRega
     EXPECT_EQ(listFolder(temp.path("Game"), "*.*")->files.size(), 6U);
 }
 
-TEST(FolderList, AFolderThatCannotBeListedGivesTheNearestAboveItAndStrangeNamesStopNothing) {
+TEST(FolderList, UnlistableFoldersGiveTheNearestParent) {
     const TempFolder temp;
     temp.write("file", "");
     for (const std::string& path : {temp.path("gone/deep"), temp.path("file")}) {
@@ -54,8 +54,8 @@ TEST(FolderList, AFolderThatCannotBeListedGivesTheNearestAboveItAndStrangeNamesS
 }
 
 #ifndef _WIN32
-// A file of ours with such a name in it would be read back as another name.
-TEST(FolderList, AFolderOrFileWhoseNameNoGameFileCanHoldSaysSoAndIsNeverEntered) {
+// A game file that holds such a name would give another name when it is read.
+TEST(FolderList, UnusableNamesAreMarkedAndNeverEntered) {
     const TempFolder temp;
     temp.makeFolder("Zo\xEB/deep");
     for (const char* name : {"Zoë.hst", "tab\t\"&.hst", "Zo\xEB.hst", "a\nb.hst", "a\u2028b.hst"}) {

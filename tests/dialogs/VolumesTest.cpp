@@ -8,7 +8,7 @@ namespace turnpost {
 
 using Names = std::vector<std::string>;
 
-TEST(Volumes, ThePlacesAreTheRootHomeDriveCAndWhatPeopleUseButNothingOfTheSystems) {
+TEST(Volumes, OfferPlacesForPeopleAndNoSystemMounts) {
     const TempFolder home;
     home.makeFolder("prefix/drive_c");
     const std::vector<Volume> mounted = {
@@ -27,7 +27,7 @@ TEST(Volumes, ThePlacesAreTheRootHomeDriveCAndWhatPeopleUseButNothingOfTheSystem
     EXPECT_EQ(placesForPeople({}, home.path(), "").back(), joinPath(home.path(".wine"), "drive_c"));
 }
 
-TEST(Volumes, AFolderBelongsToTheDeepestMountPointAboveIt) {
+TEST(Volumes, FolderBelongsToTheDeepestMountPointAboveIt) {
     const Names mountPoints = {"/mnt", "/mnt/nas", "/", "C:\\", "D:\\"};
     EXPECT_EQ(volumeOf("/mnt/nas/games", mountPoints), "/mnt/nas");
     EXPECT_EQ(volumeOf("/mnt/nasty", mountPoints), "/mnt");

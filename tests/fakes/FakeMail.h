@@ -8,8 +8,8 @@
 
 namespace turnpost {
 
-/// Both objects of a mail system in one. Writes down what the session is told, member by member,
-/// and each message as it is when it is sent.
+/// Both objects of a mail system in one. Records the calls of the session, and each message as it
+/// is when it is sent.
 class FakeMail final : public MailSession, public ComposedMessage {
   public:
     using Record = std::vector<std::string>;

@@ -9,8 +9,8 @@
 
 namespace turnpost {
 
-/// Keeps every connection with what was sent over it, and lets a test speak as the server. What no
-/// program may do with a socket throws.
+/// Records every connection with what was sent over it, and lets a test speak as the server. Throws
+/// when the program uses the socket in a way that is not allowed.
 class FakeSocket final : public Socket {
   public:
     /// "host:port" of each connection, and what was sent over it.
@@ -49,7 +49,7 @@ class FakeSocket final : public Socket {
 
     bool isOpen() const override { return open_; }
 
-    /// One arrival of data. Delivered without a connection too: what is late must do no harm.
+    /// One arrival of data. Delivered without a connection too, because late data must do no harm.
     void arrive(const std::string& bytes) {
         waiting_ += bytes;
         events_->DataArrival();

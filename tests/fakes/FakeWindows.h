@@ -8,7 +8,7 @@
 
 namespace turnpost {
 
-/// Keeps the order of everything shown; the file picker does what the test tells it to.
+/// Records the order of everything shown. The test chooses what the file picker answers.
 class FakeWindows final : public AppWindows {
   public:
     std::vector<std::string> shown;

@@ -12,14 +12,14 @@
 
 namespace turnpost {
 
-/// A folder of its own for one test, gone at its end. Names are relative to it.
+/// A folder for one test, deleted at the test's end. Names are relative to it.
 class TempFolder {
   public:
     TempFolder() { std::filesystem::create_directory(folder_); }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
     ~TempFolder() {
-        // A test may have taken the right to write.
+        // A test may have removed the right to write.
         std::error_code ignored;
         std::filesystem::permissions(folder_, std::filesystem::perms::owner_all, ignored);
         std::filesystem::remove_all(folder_, ignored);
@@ -44,7 +44,7 @@ class TempFolder {
         return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     }
 
-    /// The names of everything that lies in it, hidden neighbours included.
+    /// The names of everything in the folder, hidden files included.
     std::set<std::string> names() const {
         std::set<std::string> found;
         for (const auto& entry : std::filesystem::directory_iterator(folder_)) {

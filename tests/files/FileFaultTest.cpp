@@ -33,7 +33,7 @@ constexpr unsigned renameCall = SYS_rename;
 constexpr unsigned renameCall = SYS_renameat;
 #endif
 
-// Saves in a child, on which the fault falls before; it exits with 1 when it is told of a failure.
+// Saves in a child, in which the fault is set up first. The child exits with 1 if the save fails.
 pid_t startSave(const std::string& path, const Fault& fault) {
     const pid_t child = fork();
     if (child == 0) {
@@ -49,7 +49,7 @@ pid_t startSave(const std::string& path, const Fault& fault) {
     return child;
 }
 
-// No file of this process can become larger from now on.
+// From now on no file of this process can grow beyond `room` bytes.
 void fillDisk(size_t room) {
     const struct rlimit small { room, room };
     std::signal(SIGXFSZ, SIG_IGN);
@@ -67,9 +67,9 @@ void refuseCall(unsigned number) {
     prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter);
 }
 
-// Saves in a child that is killed after so many stops before and after its system calls. True when
-// it came to its end before that; its calls that change files then stand in the trace, an opening
-// only when it makes the file.
+// Saves in a child that stops before and after each of its system calls, and is killed after this
+// many stops. True when it ended before that; the trace then holds its calls that change files (of
+// those that open a file, only the one that creates it).
 bool endsBefore(int stops, const std::string& path, Calls& trace) {
     const pid_t child = startSave(path, [] {
         ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
@@ -116,28 +116,28 @@ class FileFault : public testing::Test {
     std::string path = temp.path("A");
 };
 
-TEST_F(FileFault, AnySystemCallThatFailsAWriteAtAnyByteLeavesTheOldFileWholeAndIsReported) {
+TEST_F(FileFault, FailedSystemCallsLeaveTheOldFileWhole) {
     for (size_t room = 0; room < newBytes.size(); ++room) {
         expectAfter([room] { fillDisk(room); }, oldBytes);
     }
     for (const unsigned call : std::set<unsigned>{SYS_openat, SYS_fsync, SYS_close, renameCall}) {
         expectAfter([call] { refuseCall(call); }, oldBytes);
     }
-    // A mode that cannot be set is a failure where others could read what they could not.
+    // Failing to set the mode matters only if others could then read what they could not before.
     for (const auto& [mode, bytes] : {std::pair(0600, oldBytes), {0777, newBytes}}) {
         std::filesystem::permissions(path, perms(mode));
         expectAfter([] { refuseCall(SYS_fchmod); }, bytes);
     }
 }
 
-TEST_F(FileFault, AProcessKilledBetweenAnyTwoSystemCallsLeavesTheOldOrTheNewFileWhole) {
+TEST_F(FileFault, KilledSavesLeaveTheOldOrTheNewFile) {
     std::filesystem::permissions(path, perms(0600));
     std::filesystem::create_symlink("A", temp.path("link"));
     std::set<std::string> seen;
     Calls trace;
     for (int stops = 0; !endsBefore(stops, temp.path("link"), trace); ++stops) {
         seen.insert(temp.read("A"));
-        // What killed saves left beside the file is for its owner's eyes, as the file is.
+        // Only the owner may read what killed saves leave in the folder, as with the file itself.
         for (const std::string& name : temp.names()) {
             const perms mode = std::filesystem::status(temp.path(name)).permissions();
             EXPECT_TRUE((mode & perms::others_read) == perms::none || temp.read(name).empty());
@@ -147,7 +147,7 @@ TEST_F(FileFault, AProcessKilledBetweenAnyTwoSystemCallsLeavesTheOldOrTheNewFile
     }
     EXPECT_EQ(seen, std::set<std::string>({oldBytes, newBytes}));
     EXPECT_EQ(temp.read("A"), newBytes);
-    // Made anew, so through no link that somebody laid; durable, its folder's entry too.
+    // The file was created, so no planted link was followed; file and folder were flushed.
     EXPECT_EQ(trace, Calls({SYS_openat, SYS_write, SYS_fsync, renameCall, SYS_fsync}));
     EXPECT_TRUE(std::filesystem::is_symlink(temp.path("link")));
 }

@@ -32,7 +32,7 @@ class FileReplace : public testing::Test {
         return "";
     }
 
-    // Wine makes and removes no links, but follows those of the system below it.
+    // Wine cannot create or remove links, but follows those of the system that it runs on.
     void runInShell(const std::string& command) const {
 #ifdef _WIN32
         std::wstring line = toUtf16("sh -c \"" + command + " && touch done\"");
@@ -53,7 +53,7 @@ class FileReplace : public testing::Test {
     TempFolder temp;
 };
 
-TEST_F(FileReplace, ReplacesEveryByteAndNoFolderOrFileOfAnotherName) {
+TEST_F(FileReplace, WritesEveryByteAndOnlyToTheNamedFile) {
     temp.makeFolder("F");
     temp.write("F/kept", "old");
     temp.write("x", "old");
@@ -69,7 +69,7 @@ TEST_F(FileReplace, ReplacesEveryByteAndNoFolderOrFileOfAnotherName) {
     EXPECT_EQ(temp.names(), Names({"A", "F", "x"}));
 }
 
-TEST_F(FileReplace, AWriteProtectedFileOrFolderIsNotReplacedBehindItsOwnersBack) {
+TEST_F(FileReplace, WriteProtectedFilesAndFoldersStayUnchanged) {
     const fs::path file = toNativePath(temp.path("A"));
     temp.write("A", "old");
     fs::permissions(file, fs::perms::owner_read);
@@ -91,7 +91,7 @@ TEST_F(FileReplace, AWriteProtectedFileOrFolderIsNotReplacedBehindItsOwnersBack)
     EXPECT_EQ(temp.names(), Names({"A"}));
 }
 
-TEST_F(FileReplace, ALinkStaysALinkAndItsTargetIsReplacedOrMade) {
+TEST_F(FileReplace, LinksStayAndTheirTargetsAreReplaced) {
     temp.makeFolder("real");
     temp.write("real/file", "old");
     runInShell("ln -s real/file second && ln -s $PWD/second first");
@@ -110,7 +110,7 @@ TEST_F(FileReplace, ALinkStaysALinkAndItsTargetIsReplacedOrMade) {
 }
 
 #ifdef _WIN32
-TEST_F(FileReplace, MarksAndPermissionsStayAndAnotherProgramsHoldIsSatOutOrNamed) {
+TEST_F(FileReplace, KeepsAttributesAndWaitsForOtherPrograms) {
     const std::wstring file = toNativePath(temp.path("A")).wstring();
     const DWORD marks = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
     temp.write("A", "old");
@@ -121,7 +121,7 @@ TEST_F(FileReplace, MarksAndPermissionsStayAndAnotherProgramsHoldIsSatOutOrNamed
     EXPECT_EQ(failure("A"), systemReason({ERROR_SHARING_VIOLATION, std::system_category()}));
     EXPECT_EQ(temp.read("A"), "old");
     EXPECT_EQ(temp.names(), Names({"A"}));
-    // Let go only when the save has met it.
+    // The file is released only after the save has found it in use.
     limits = {RetryLimits().timeout, [&held] { held.close(); }};
     EXPECT_EQ(failure("A"), "");
     EXPECT_EQ(temp.read("A"), "new");
@@ -129,7 +129,7 @@ TEST_F(FileReplace, MarksAndPermissionsStayAndAnotherProgramsHoldIsSatOutOrNamed
     runInShell("test -z $(find A -perm /7)");
 }
 #else
-TEST_F(FileReplace, OwnerAndPermissionsStayAndThoseOfANewFileFollowTheUmask) {
+TEST_F(FileReplace, KeepsOwnerAndPermissions) {
     struct stat now {};
     const auto look = [&] { return stat(temp.path("A").c_str(), &now) == 0; };
     const mode_t before = umask(0027);
@@ -137,7 +137,7 @@ TEST_F(FileReplace, OwnerAndPermissionsStayAndThoseOfANewFileFollowTheUmask) {
     umask(before);
     ASSERT_TRUE(look());
     EXPECT_EQ(now.st_mode & 07777U, 0640U);
-    // Only root can tell who else had the file.
+    // Only root can give the file another owner.
     const uid_t owner = geteuid() == 0 ? 65534 : now.st_uid;
     ASSERT_EQ(chown(temp.path("A").c_str(), owner, now.st_gid), 0);
     for (const mode_t kept : {0600U, 0666U, 0755U}) {

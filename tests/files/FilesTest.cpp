@@ -16,7 +16,7 @@ namespace turnpost {
 
 class Files : public testing::Test {
   protected:
-    // Also when it hangs, or gives wrong bytes. Another kind is named as what it is.
+    // Expects that there is no ordinary file to find or to read, and this reason.
     void expectNoFile(const std::string& path,
                       const std::string& reason = "No such file or directory") const {
         EXPECT_EQ(findFile(path), std::nullopt);
@@ -32,7 +32,7 @@ class Files : public testing::Test {
     TempFolder temp;
 };
 
-TEST_F(Files, AreFoundWhateverTheCaseTheSeparatorsAndTheLettersOfThePath) {
+TEST_F(Files, CaseAndSeparatorsOfPathsDoNotMatter) {
     temp.makeFolder("\u0416\u00FC/Cup");
     temp.write("\u0416\u00FC/Cup/CUP.m1", "turn");
     for (const char* name :
@@ -54,7 +54,7 @@ TEST_F(Files, AreFoundWhateverTheCaseTheSeparatorsAndTheLettersOfThePath) {
     EXPECT_FALSE(folderHoldsFile(temp.path("\u0416\u00FC/Cup/CUP.m1")));
 }
 
-TEST_F(Files, AreReadWholeWithEveryByteOrCutAtTheLimit) {
+TEST_F(Files, ReadsEveryByteUpToTheLimit) {
     std::string bytes;
     for (int i = 0; i < 100000; ++i) {
         bytes += static_cast<char>(i * 7 / 3);
@@ -68,7 +68,7 @@ TEST_F(Files, AreReadWholeWithEveryByteOrCutAtTheLimit) {
     EXPECT_EQ(readFile(temp.path("A"), 14), bytes.substr(0, 14));
 }
 
-TEST_F(Files, BehindMoreThan260CharactersAreLikeAllOthers) {
+TEST_F(Files, PathsOver260CharactersWork) {
     const std::string deep = std::string(100, 'a') + "/" + std::string(100, 'b');
     temp.makeFolder(deep);
     const std::string path = temp.path(deep + "/" + std::string(100, 'c') + ".NTP");
@@ -78,7 +78,7 @@ TEST_F(Files, BehindMoreThan260CharactersAreLikeAllOthers) {
     EXPECT_TRUE(folderHoldsFile(temp.path(deep)));
 }
 
-TEST_F(Files, AFolderIsAskedWhetherItTakesFilesWithoutMakingOne) {
+TEST_F(Files, WritableFoldersAreDetectedWithoutWriting) {
     temp.write("file", "");
     const auto before = std::filesystem::last_write_time(toNativePath(temp.path()));
     EXPECT_TRUE(isFolderWritable(temp.path()));
@@ -88,7 +88,7 @@ TEST_F(Files, AFolderIsAskedWhetherItTakesFilesWithoutMakingOne) {
 }
 
 #ifdef _WIN32
-TEST_F(Files, LongPathsGetTheFormWithoutALimitForTheSystemOnly) {
+TEST_F(Files, LongPathsGetThePrefixForTheSystemOnly) {
     const std::string name(250, 'n');
     const std::wstring wide(250, L'n');
     EXPECT_EQ(toNativePath("C:/G/../" + name), L"\\\\?\\C:\\" + wide);
@@ -98,7 +98,7 @@ TEST_F(Files, LongPathsGetTheFormWithoutALimitForTheSystemOnly) {
     EXPECT_EQ(toNativePath("C:\\G"), L"C:\\G");
 }
 
-TEST_F(Files, TheConfigurationFolderIsTheOneOfThePersonsApplications) {
+TEST_F(Files, ConfigurationFolderIsUnderAppData) {
     for (const auto& [applications, folder] :
          {std::pair(L"C:\\\u0416", "C:\\\u0416\\Nimbus Turnpost"), {L"relative", ""}, {L"", ""}}) {
         SetEnvironmentVariableW(L"APPDATA", applications);
@@ -106,7 +106,7 @@ TEST_F(Files, TheConfigurationFolderIsTheOneOfThePersonsApplications) {
     }
 }
 #else
-TEST_F(Files, ExactNamesGoFirstAndThoseOfNoEncodingDoNotStopTheSearch) {
+TEST_F(Files, ExactNamesWinAndUndecodableOnesAreSkipped) {
     temp.makeFolder("Cup");
     for (const char* name : {"\xFF\xFE.M1", "GAME.M1", "game.m1", "\u00C4RGER.M1"}) {
         temp.write(std::string("Cup/") + name, name);
@@ -118,7 +118,7 @@ TEST_F(Files, ExactNamesGoFirstAndThoseOfNoEncodingDoNotStopTheSearch) {
     }
 }
 
-TEST_F(Files, APipeIsNoFileAndADanglingLinkHidesNoRealOne) {
+TEST_F(Files, PipesAreRefusedAndDanglingLinksSkipped) {
     ASSERT_EQ(mkfifo(temp.path("PIPE").c_str(), 0600), 0);
     std::filesystem::create_symlink("nowhere", temp.path("GAME.M1"));
     expectNoFile(temp.path("PIPE"), "It is a pipe, not a file");

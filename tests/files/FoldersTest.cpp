@@ -6,7 +6,7 @@
 #ifndef _WIN32
 namespace turnpost {
 
-TEST(Folders, TheConfigurationFolderIsNeverRelativeToWhereTheProgramWasStarted) {
+TEST(Folders, ConfigurationFolderIsNeverRelative) {
     setenv("HOME", "/home/host", 1);
     setenv("XDG_CONFIG_HOME", "/cfg", 1);
     EXPECT_EQ(configurationFolder(), "/cfg/nimbus-turnpost");

@@ -8,7 +8,7 @@
 
 namespace turnpost {
 
-/// A game whose second player gets the mail, and the mail system that a test brings along.
+/// A game whose second player gets the mail, with the mail system of the test.
 class DeliveryFixture : public testing::Test {
   protected:
     using Texts = std::vector<std::string>;
@@ -18,7 +18,7 @@ class DeliveryFixture : public testing::Test {
         game.GameYear = 2405;
     }
 
-    /// Gives the player's line.
+    /// Sends, and returns the player's line.
     std::string deliver(MailSession& session, MailMessages& mail) {
         const DispatchInputs inputs{game, text, attachments};
         MailDelivery(inputs, report, state, session, mail, display, display).deliver();

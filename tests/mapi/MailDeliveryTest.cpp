@@ -10,7 +10,7 @@ class MailDeliveries : public DeliveryFixture {
     FakeMail mail{calls};
 };
 
-TEST_F(MailDeliveries, EveryRowIsSentWithAllOfItAndNothingOfAnotherOrNotAtAllAndGetsItsLine) {
+TEST_F(MailDeliveries, EveryRowIsSentWholeOrNotAtAll) {
     const std::string extra = temp.path("EXTRA");
     temp.write("GAME.M2", "x");
     temp.write("EXTRA", "x");
@@ -47,7 +47,7 @@ TEST_F(MailDeliveries, EveryRowIsSentWithAllOfItAndNothingOfAnotherOrNotAtAllAnd
     EXPECT_EQ(calls.at(7) + calls.at(8), "Turn 2405|Hello\r\n.2 Red  1") << "without files";
 }
 
-TEST_F(MailDeliveries, WithoutASessionTheReportShowsTheOldLinesAndWithoutAGameNothingHappens) {
+TEST_F(MailDeliveries, WithoutASessionTheOldReportIsShown) {
     report.fill("earlier");
     mail.openSession = 0;
     EXPECT_EQ(deliver(mail, mail), "earlier");

@@ -15,7 +15,7 @@ class MimeMessages : public testing::Test {
         {"Host", "host@example.org"}, {{"Ann", "ann@example.org"}}, {}, "Turn", "Text", {}};
 };
 
-TEST_F(MimeMessages, TextsOfAnyLanguageAreShortAsciiLinesAndComeBackUnchanged) {
+TEST_F(MimeMessages, TextsOfAnyLanguageSurviveAsAscii) {
     std::string japanese = "A ";
     while (japanese.size() < 300) {
         japanese += "銀河大戦第二十四期";
@@ -33,7 +33,7 @@ TEST_F(MimeMessages, TextsOfAnyLanguageAreShortAsciiLinesAndComeBackUnchanged) {
         EXPECT_EQ(parsed["text"], text);
         EXPECT_EQ(parsed["subject"], oneLine);
         EXPECT_EQ(parsed["to"], oneLine + "\nann@example.org\n");
-        // Mail systems add the one and mark the other.
+        // Mail systems would add a missing last line end, and a ">" before "From ".
         EXPECT_EQ(bytes.back(), '\n');
         EXPECT_EQ(bytes.find("\nFrom "), std::string::npos);
         std::istringstream lines(bytes);
@@ -44,7 +44,7 @@ TEST_F(MimeMessages, TextsOfAnyLanguageAreShortAsciiLinesAndComeBackUnchanged) {
     }
 }
 
-TEST_F(MimeMessages, NoTextAddsAFieldOrARecipientAndAnUnknownSenderIsNoField) {
+TEST_F(MimeMessages, TextsNeverAddFieldsOrRecipients) {
     const std::string attack = "x\r\nBcc: eve@example.org\n\rTo: <eve@example.org>, \"";
     message.from.name = message.subject = attack;
     message.to = {{attack, "ann@example.org"}, {"a@b.org>, Eve <eve@example.org", "bob@b.org"}};
@@ -62,7 +62,7 @@ TEST_F(MimeMessages, NoTextAddsAFieldOrARecipientAndAnUnknownSenderIsNoField) {
               "date subject to message-id mime-version content-type");
 }
 
-TEST(MimeHeader, AnAddressThatHoldsMoreThanOneIsNotOneAndADomainBecomesAscii) {
+TEST(MimeHeader, AcceptsOneAddressAndMakesItsDomainAscii) {
     for (const char* one : {"bob", "a..b@x.org", "-o@x.org", "Ann@Example.org", "müller@bücher.de",
                             "\"a, <b>\\\"\"@x.org", "a@[127.0.0.1]"}) {
         EXPECT_EQ(mailAddress(one), one);

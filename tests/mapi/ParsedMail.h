@@ -7,7 +7,7 @@
 
 namespace turnpost {
 
-/// What another MIME parser makes of a message: the files that support/parse_mail.py writes.
+/// A message as another MIME parser reads it: the files that support/parse_mail.py writes.
 class ParsedMail {
   public:
     explicit ParsedMail(const std::string& message) {

@@ -8,7 +8,7 @@ namespace turnpost {
 
 namespace fs = std::filesystem;
 
-// Deliveries through a mail program of the test's own.
+// Deliveries through a mail program that the test writes.
 class Sendmail : public DeliveryFixture {
   protected:
     Sendmail() {
@@ -16,7 +16,7 @@ class Sendmail : public DeliveryFixture {
         text = {"Turn 24", "Hello Zoë  \r\nFrom the host:\r\n.\r\n"};
     }
 
-    // The commands run in the temporary folder.
+    // The commands of the mail program run in the temporary folder.
     void install(const std::string& commands, const std::string& folder = "bin") const {
         temp.makeFolder(folder);
         const std::string program = folder + "/sendmail";
@@ -31,7 +31,7 @@ class Sendmail : public DeliveryFixture {
     SendmailMessages mail{settings, session, std::chrono::seconds(20)};
 };
 
-TEST_F(Sendmail, TheProgramIsTheFirstExecutableFileOfThatNameThereIsNow) {
+TEST_F(Sendmail, FindsTheFirstExecutableOfThatName) {
     temp.makeFolder("new/sendmail");
     temp.makeFolder("bin");
     temp.write("bin/sendmail", "not executable");
@@ -69,8 +69,8 @@ TEST_F(Sendmail, EveryAddressIsOneArgumentInAscii) {
     }
 }
 
-TEST_F(Sendmail, AFailureSpeaksInTheProgramsWordsElseByHowItEnded) {
-    // More than a pipe holds; most of these programs leave it unread.
+TEST_F(Sendmail, FailuresShowTheProgramsWordsOrItsEnd) {
+    // More than a pipe holds, because most of these programs do not read it.
     temp.write("big", std::string(1 << 20, 'x'));
     attachments.ExtraAttachments[0] = temp.path("big");
     for (const auto& [commands, words] : std::vector<std::pair<std::string, std::string>>{
@@ -93,7 +93,7 @@ TEST_F(Sendmail, AFailureSpeaksInTheProgramsWordsElseByHowItEnded) {
               "MAPI Error: Cannot start " + temp.path("bin/sendmail") + "\r\nExec format error");
 }
 
-TEST_F(Sendmail, AProgramThatHangsIsEndedWhenTheMessageHasHadItsTime) {
+TEST_F(Sendmail, HangingProgramsAreKilledAfterTheirTime) {
     install("echo words >&2; exec sleep 60");
     SendmailMessages impatient(settings, session, std::chrono::milliseconds(300));
     text.MessageBody = std::string(10000, 'x');
@@ -101,9 +101,9 @@ TEST_F(Sendmail, AProgramThatHangsIsEndedWhenTheMessageHasHadItsTime) {
               "MAPI Error: words\r\nno answer within 2 seconds");
 }
 
-// The mail system nullmailer with a spool of its own. It only queues: delivering is the work of a
-// service that does not run here.
-TEST_F(Sendmail, ARealMailSystemQueuesTextAndFilesByteForByteUnderTheirOwnNames) {
+// The mail system nullmailer with a spool of its own. It only queues the mail, because the service
+// that delivers it does not run here.
+TEST_F(Sendmail, RealMailSystemQueuesEveryByte) {
     for (const char* program : {"sbin", "bin"}) {
         fs::create_directory_symlink(fs::path(TURNPOST_NULLMAILER "/usr") / program,
                                      temp.path(program));
@@ -119,7 +119,7 @@ TEST_F(Sendmail, ARealMailSystemQueuesTextAndFilesByteForByteUnderTheirOwnNames)
     attachments = {1, 0, {temp.path(names[1]), temp.path(names[2]), ""}};
     ASSERT_EQ(deliver(), "Email Generated OK") << "tools/install-packages test unpacks nullmailer";
 
-    // Each entry holds the envelope, one address a line, an empty line, the message.
+    // Each entry holds the envelope (one address per line), an empty line and the message.
     const std::string envelope = "host@example.org\nzoe@example.org\nsecond@example.org\n\n";
     const fs::directory_iterator queued(temp.path("queue/queue"));
     const std::string entry = temp.read("queue/queue/" + queued->path().filename().string());

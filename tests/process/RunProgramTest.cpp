@@ -33,13 +33,13 @@ class RunProgram : public testing::Test {
     TempFolder temp;
 };
 
-TEST_F(RunProgram, NoShellReadsTheArgumentsAndNoTerminalIsThereToBeAsked) {
+TEST_F(RunProgram, ArgumentsBypassTheShellAndNoTerminalIsOpen) {
     EXPECT_EQ(shell("printf '[%s]' \"$@\" >&2").errorText, "[a  b][$HOME][][*]['; exit 9]");
     expectEnd(shell("read -r p name s parent group session t </proc/$$/stat; test $session = $$"),
               Kind::Exited, 0);
 }
 
-TEST_F(RunProgram, MebibytesInAllDirectionsAtOnceBlockNobodyAndTheLastIsKept) {
+TEST_F(RunProgram, MebibytesBothWaysNeverBlock) {
     const ProgramEnd end =
         shell("tee '" + temp.path("input") + "' | tee /dev/stderr; printf last >&2; printf words",
               mebibytes);
@@ -49,7 +49,7 @@ TEST_F(RunProgram, MebibytesInAllDirectionsAtOnceBlockNobodyAndTheLastIsKept) {
     EXPECT_EQ(end.outputText, std::string(65531, 'x') + "words");
 }
 
-TEST_F(RunProgram, AHangingProgramIsEndedWithItsChildrenAndNothingOfItStays) {
+TEST_F(RunProgram, HangingProgramsAreKilledWithTheirChildren) {
     const auto openDescriptors = [] {
         return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
     };
@@ -68,7 +68,7 @@ TEST_F(RunProgram, AHangingProgramIsEndedWithItsChildrenAndNothingOfItStays) {
     EXPECT_EQ(openDescriptors(), before);
 }
 
-TEST_F(RunProgram, AChildLeftBehindIsNotWaitedForAndGoesOnWritingAsMuchAsItLikes) {
+TEST_F(RunProgram, BackgroundChildrenRunOnUnhindered) {
     ASSERT_EQ(mkfifo(temp.path("go").c_str(), 0600) | mkfifo(temp.path("done").c_str(), 0600), 0);
     const Descriptor go(open(temp.path("go").c_str(), O_RDWR));
     const Descriptor done(open(temp.path("done").c_str(), O_RDWR));
@@ -81,7 +81,7 @@ TEST_F(RunProgram, AChildLeftBehindIsNotWaitedForAndGoesOnWritingAsMuchAsItLikes
     EXPECT_EQ(poll(&alive, 1, 10000), 1) << "it was ended or is held up";
 }
 
-TEST_F(RunProgram, TheExitStatusIsKnownWhereEndedChildrenAreIgnored) {
+TEST_F(RunProgram, ExitStatusIsKnownWhenSigchldIsIgnored) {
     const auto before = std::signal(SIGCHLD, SIG_IGN);
     expectEnd(shell("exit 5"), Kind::Exited, 5);
     EXPECT_EQ(std::signal(SIGCHLD, before), SIG_IGN);

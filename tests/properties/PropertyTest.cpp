@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <gtest/gtest.h>
 
-// What the fuzzing engine calls, one a target.
+// The functions that the fuzzing engine calls, one per target.
 extern "C" {
 int Conversation(const std::uint8_t* data, size_t size);
 int MessageAssembly(const std::uint8_t* data, size_t size);
@@ -16,7 +16,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-// A seed with up to four pieces replaced by pieces of others or by a byte.
+// A seed in which up to four pieces are replaced by pieces of other seeds or by a byte.
 std::string mixed(const Texts& seeds, std::mt19937& random) {
     std::string input = seeds[random() % seeds.size()];
     for (auto count = 1 + random() % 4; count > 0; --count) {
@@ -31,8 +31,8 @@ std::string mixed(const Texts& seeds, std::mt19937& random) {
 
 } // namespace
 
-// The seeds, then 2,000 inputs that are put together of them, the same at every run.
-TEST(Properties, HoldForTheSeedsAndForWhatIsMixedOfThem) {
+// The seeds, then 2,000 mixtures of them, the same at every run.
+TEST(Properties, HoldForSeedsAndTheirMixtures) {
     for (const auto& [target, property] : {std::pair("Readers", &Readers),
                                            {"MessageAssembly", &MessageAssembly},
                                            {"Conversation", &Conversation}}) {

@@ -6,7 +6,7 @@
 
 namespace turnpost {
 
-TEST(HostFile, YearIsLittleEndianAndRowsFollowTheTurnFilesOfAnyCaseAndHiddenOnesStay) {
+TEST(HostFile, ReadsTheYearAndShowsRowsWithTurnFiles) {
     const TempFolder temp;
     temp.write("my.cup.hst", std::string(12, '\x7F') + "\x9F\x76");
     for (const char* name : {"MY.CUP.M1", "my.cup.m2", "MY.CUP.M16", "MY.CUP.M17", "OTHER.M5"}) {

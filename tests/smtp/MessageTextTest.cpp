@@ -4,7 +4,7 @@
 
 namespace turnpost {
 
-TEST(MessageTexts, HeloNamesWhatStandsBeforeTheFirstAtSignOrElseSomethingThatAServerTakes) {
+TEST(MessageTexts, HeloNameComesFromTheHostsAddress) {
     for (const auto& [address, helo] : {std::pair("a@b@c", "HELO a\r\n"),
                                         {" x.org ", "HELO x.org\r\n"},
                                         {"  \r\n", "HELO localhost\r\n"}}) {

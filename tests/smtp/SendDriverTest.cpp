@@ -7,7 +7,7 @@
 
 namespace turnpost {
 
-// A driver, a server played by the test, and a game of two players who get no files, and of one
+// A driver, a server played by the test, and a game with two players who get no files and a third
 // without an address.
 class SendDrivers : public testing::Test {
   protected:
@@ -21,7 +21,7 @@ class SendDrivers : public testing::Test {
         game.rows[3] = {1, "refused", "", "", "", true};
     }
 
-    // The server accepts the row under way: all six steps, or some of them.
+    // The server accepts all six steps of the current row, or some of them.
     void accept(int end = 6, int first = 0) {
         for (int step = first; step < end; ++step) {
             socket.arrive("250 ok\r\n");
@@ -47,7 +47,7 @@ class SendDrivers : public testing::Test {
     SendDriver driver{{game, text, attachments}, settings, report, socket, display, display};
 };
 
-TEST_F(SendDrivers, OnlyASendThatCanStartTakesOverAndUsesItsOwnServerAndWhatTheHostHasCorrected) {
+TEST_F(SendDrivers, NewSendReplacesTheOldOnlyIfItCanStart) {
     driver.butSend_Click();
     accept();
     accept(2);
@@ -95,7 +95,7 @@ TEST_F(SendDrivers, OnlyASendThatCanStartTakesOverAndUsesItsOwnServerAndWhatTheH
     EXPECT_EQ(display.progress, positions) << "a row ticked meanwhile keeps the bar on its track";
 }
 
-TEST_F(SendDrivers, ASendThatBreaksOffTellsOfEachRowWhatItDidUntilTheNextOne) {
+TEST_F(SendDrivers, BrokenSendTellsWhatEachRowGot) {
     driver.butSend_Click();
     accept();
     accept();

@@ -22,7 +22,7 @@ class GameDetailsFiles : public testing::Test {
         EXPECT_TRUE(reading.content.game == game && reading.content.message == message) << text;
     }
 
-    // What is wrong with the sample's file when `from` is replaced in it.
+    // The damage that is reported when `from` is replaced in the sample's file.
     std::string damageBy(const std::string& from, const std::string& to) const {
         std::string text = print();
         return parseGameDetails(text.replace(text.find(from), from.size(), to))
@@ -34,7 +34,7 @@ class GameDetailsFiles : public testing::Test {
     MessageTemplate message{"Turn <<GY>>", "Hello <<FN>>,\r\nyour turn."};
 };
 
-TEST_F(GameDetailsFiles, HaveTheLinesThatOtherReadersExpectAndMayEndThemInLineFeeds) {
+TEST_F(GameDetailsFiles, HaveTheExpectedLinesInFixedOrder) {
     std::string expected = "\"Spring Cup\"\r\n\"C:\\Stars\\Cup\\\"\r\n\"CUP.HST\"\r\n"
                            "\"Turn <<GY>>\"\r\n\"Hello <<FN>>,\r\nyour turn.\"\r\n"
                            "1,1,\"Red Leader\",\"red@example.org\",\"\",\"CUP.M1\"\r\n"
@@ -51,7 +51,7 @@ TEST_F(GameDetailsFiles, HaveTheLinesThatOtherReadersExpectAndMayEndThemInLineFe
     expectReads(expected);
 }
 
-TEST_F(GameDetailsFiles, AreReadToTheLastValueHoweverFlagsAndEmptyTextsAreWritten) {
+TEST_F(GameDetailsFiles, AcceptLooselyWrittenFlagsAndEmptyTexts) {
     std::string text = print();
     for (const char* behind : {"\x1A", "x", "\"x\"\r\n", "1,1,\"a\",\"b\",\"c\",\"d\"\r\n"}) {
         expectReads(text + behind);
@@ -62,7 +62,7 @@ TEST_F(GameDetailsFiles, AreReadToTheLastValueHoweverFlagsAndEmptyTextsAreWritte
     expectReads(text.replace(text.find("+1,1 ,\"Red "), 11, "-1,-1,\"Red \"the\" ") + "\r\n \r\n");
 }
 
-TEST_F(GameDetailsFiles, CutAtAnyByteAreNeverTakenForWhole) {
+TEST_F(GameDetailsFiles, CutAtAnyByteCountAsDamaged) {
     for (const char* text : {"Hello,\r\nyour turn.", "He \"read\"\r\n\"and, \"did\""}) {
         message.MessageBody = text;
         game.rows[15].PlayerName = oneLine(text);
@@ -76,7 +76,7 @@ TEST_F(GameDetailsFiles, CutAtAnyByteAreNeverTakenForWhole) {
     expectReads(print());
 }
 
-TEST_F(GameDetailsFiles, WhatIsWrongIsSaid) {
+TEST_F(GameDetailsFiles, DamageIsNamed) {
     const std::string noNumber = "A flag of player 1 is no number";
     for (const char* flags : {"x,1", "1,\"1\"", ",1", "1,", "+-1,1", "1,1.5", "1,99999999999"}) {
         EXPECT_EQ(damageBy("1,1", flags), noNumber) << flags;
@@ -90,7 +90,7 @@ TEST_F(GameDetailsFiles, WhatIsWrongIsSaid) {
     message.MessageBody.clear();
     game.rows[15].PlayerName = "\",\"";
     EXPECT_EQ(damageBy("", ""), "Its double quotes leave several ways to read it");
-    // A million values take neither minutes nor all of the memory.
+    // A million values must not take minutes or all of the memory.
     EXPECT_EQ(parseGameDetails(std::string(1U << 20U, '\n')).damage, Refusal{noNumber});
 }
 

@@ -14,7 +14,7 @@ namespace turnpost {
 
 class SettingsText : public testing::Test {
   protected:
-    // So many of the sample's lines are read, and start values stand for the rest.
+    // Expects this many of the sample's lines, and start values for the rest.
     void expectReads(const std::string& text, size_t lines = 8) const {
         const SettingsReading reading = parseSettings(text);
         const std::string mine = printSettings(sample);
@@ -34,7 +34,7 @@ class SettingsText : public testing::Test {
                     "C:\\C.NTP"};
 };
 
-TEST_F(SettingsText, HasEightLinesOfValuesInTheOrderOtherReadersExpect) {
+TEST_F(SettingsText, HasEightLinesInFixedOrder) {
     std::string expected = "\"Game Host\"\r\n\"host@example.org\"\r\n\"mail:2525\"\r\n"
                            "\"Spring, Cup\",\"C:\\Cup\\CUP.NTP\"\r\n\" - Empty - \",\"\"\r\n"
                            "\" - Empty - \",\"\"\r\n\" - Empty - \",\"\"\r\n\"C:\\C.NTP\"\r\n";
@@ -51,7 +51,7 @@ TEST_F(SettingsText, HasEightLinesOfValuesInTheOrderOtherReadersExpect) {
     expectReads("  \"a, b\" , \"c\",\"d\" ,1,\"2\"\r\"\",\"\",\"\",\"\",\"\",\"\"\n\n");
 }
 
-TEST_F(SettingsText, CutAtAnyByteKeepsTheWholeLinesAndNothingElseWhateverQuotesTheyHold) {
+TEST_F(SettingsText, CutAtAnyByteKeepsOnlyWholeLines) {
     sample.HostName = "\"The\", \"Host";
     sample.SmtpServer = "a\",\"b";
     sample.StoredGames[0].StoredGameName = "\"Cup\"";
@@ -66,7 +66,7 @@ TEST_F(SettingsText, CutAtAnyByteKeepsTheWholeLinesAndNothingElseWhateverQuotesT
     expectReads(text.substr(0, text.size() - 2));
 }
 
-TEST_F(SettingsText, ALineWithDamageOrTooManyValuesPutsNoneIntoAnyField) {
+TEST_F(SettingsText, DamagedLinesFillNoField) {
     const auto read = [this](const std::string& from, const std::string& to, size_t lines) {
         std::string text = printSettings(sample);
         expectReads(text.replace(text.find(from), from.size(), to), lines);
@@ -92,7 +92,7 @@ class SettingsFiles : public SettingsText {
     SettingsFile file{program.path(), configuration.path()};
 };
 
-TEST_F(SettingsFiles, ADamagedOneIsKeptBeforeItIsOverwrittenAndOnlyThen) {
+TEST_F(SettingsFiles, DamagedFilesAreKeptBeforeTheyAreOverwritten) {
     const std::string damaged = "\"Host\"\r\n\"host@exam";
     const std::string large = printSettings(sample) + std::string(1U << 20U, 'x');
     program.write("TURNPOST.INI", damaged);
@@ -109,7 +109,7 @@ TEST_F(SettingsFiles, ADamagedOneIsKeptBeforeItIsOverwrittenAndOnlyThen) {
     EXPECT_EQ(program.read("TURNPOST.INI"), printSettings(sample));
 }
 
-TEST_F(SettingsFiles, OneThatCouldNotBeReadIsKeptOnceThatIsPossible) {
+TEST_F(SettingsFiles, FilesNeverReadAreKeptBeforeTheyAreOverwritten) {
     program.makeFolder("TURNPOST.INI");
     EXPECT_THROW(file.read(sample), FileError);
     std::filesystem::remove(toNativePath(file.path()));
@@ -119,7 +119,7 @@ TEST_F(SettingsFiles, OneThatCouldNotBeReadIsKeptOnceThatIsPossible) {
     EXPECT_EQ(program.read("TURNPOST.BAD"), "of the host");
 }
 
-TEST_F(SettingsFiles, GoIntoTheProgramsFolderOrTheConfigurationFolderWhenThatTakesNone) {
+TEST_F(SettingsFiles, GoIntoTheProgramsOrTheConfigurationFolder) {
     expectRead(Outcome::Missing, Settings());
     file.write(sample);
     EXPECT_EQ(program.names(), Names({"TURNPOST.INI"}));
@@ -133,7 +133,7 @@ TEST_F(SettingsFiles, GoIntoTheProgramsFolderOrTheConfigurationFolderWhenThatTak
 }
 
 #ifndef _WIN32
-TEST_F(SettingsFiles, InAFolderThatMayOnlyBeReadAreReadThere) {
+TEST_F(SettingsFiles, AreReadFromAReadOnlyProgramFolder) {
     const auto pathInReadOnlyFolder = [this] {
         std::filesystem::permissions(program.path(), std::filesystem::perms(0555));
         const Unprivileged person;

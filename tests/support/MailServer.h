@@ -29,21 +29,21 @@ struct StoredMail {
         blocks = body.substr(text.size());
     }
 
-    /// Where the server says that it went.
+    /// The recipient that the server noted.
     std::string recipient;
-    /// The lines From, To, CC and Subject, one blank after each colon.
+    /// The lines From, To, CC and Subject, with one blank after each colon.
     std::string head;
-    /// What stands before the first UUencoded block.
+    /// The text before the first UUencoded block.
     std::string text;
     std::string blocks;
 };
 
-/// A real mail server that stores what it accepts in a maildir: the one that TURNPOST_SERVER
-/// ("127.0.0.1:port") and TURNPOST_MAILBOX (the maildir) name, else a process of its own on a free
-/// port.
+/// A real mail server that stores what it accepts in a maildir. TURNPOST_SERVER ("127.0.0.1:port")
+/// and TURNPOST_MAILBOX (the maildir) name a running one; without them a server is started on a
+/// free port.
 class MailServer {
   public:
-    /// Throws when it does not come up.
+    /// Throws when the server does not start.
     MailServer() {
         if (!serverAddress_.empty()) {
             return;
@@ -65,8 +65,8 @@ class MailServer {
     /// As the host would enter it.
     const std::string& address() const { return serverAddress_; }
 
-    /// Waits until this many messages are stored, but not for ever, then takes all there are out of
-    /// the maildir.
+    /// Waits a limited time until this many messages are stored, then takes all messages out of the
+    /// maildir.
     std::vector<StoredMail> take(int expected) const {
         const QDir arrived(mailbox_ + "/new");
         const auto names = [&] { return arrived.entryList(QDir::Files); };

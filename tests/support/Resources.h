@@ -14,7 +14,7 @@
 
 namespace turnpost::automation {
 
-/// Open file descriptors of the process; on Windows its handles.
+/// The number of open file descriptors of the process; on Windows, of handles.
 inline size_t openDescriptors() {
 #ifdef _WIN32
     DWORD count = 0;
@@ -22,13 +22,13 @@ inline size_t openDescriptors() {
     return count;
 #else
     const std::filesystem::directory_iterator all("/proc/self/fd");
-    // One of them reads the folder.
+    // One of them is open to read this folder.
     return static_cast<size_t>(std::distance(begin(all), end(all))) - 1;
 #endif
 }
 
-/// The bytes that the process has allocated. Stands still under the sanitizers, which have a heap
-/// of their own, and on Windows.
+/// The bytes that the process has allocated. Always the same under the sanitizers, which have a
+/// heap of their own, and on Windows.
 inline size_t heapBytes() {
 #ifdef _WIN32
     return 0;
@@ -38,8 +38,8 @@ inline size_t heapBytes() {
 #endif
 }
 
-/// Compares the lowest of the first and of the last quarter of the figures and prints both. Fails
-/// the test when they grew by more than the slack.
+/// Compares the lowest figure of the first quarter with the lowest of the last, and prints both.
+/// Fails the test when it grew by more than the slack.
 inline void expectFlat(const char* what, const std::vector<size_t>& figures, size_t slack) {
     if (figures.empty()) {
         return;

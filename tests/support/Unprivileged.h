@@ -4,7 +4,7 @@
 
 namespace turnpost {
 
-/// While it lives, root, who may read and write everything, is somebody who may not.
+/// While it lives, a process of root loses the right to read and write everything.
 class Unprivileged {
   public:
     Unprivileged() : wasRoot_(geteuid() == 0 && seteuid(65534) == 0) {}

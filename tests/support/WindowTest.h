@@ -8,15 +8,15 @@
 
 namespace turnpost::automation {
 
-/// A host at the desk in a folder of their own. There is one at a time: a second one's windows
-/// would be closed by the first one's watcher. At the end of each, every expected window must have
-/// come and gone, and no other.
+/// Runs the program with an automated host in a folder of its own. Only one may exist at a time,
+/// because its watcher closes the windows of any other. At the end every expected window must have
+/// been opened and closed, and no other.
 class WindowTest : public testing::Test {
   protected:
     WindowTest() { start(); }
     void TearDown() override { leave(); }
 
-    /// The program anew, in the same folder; the one before is gone.
+    /// Ends the program and starts it again in the same folder.
     Host& start(const Application::MailSystemMaker& makeMail = makeMailSystem) {
         leave();
         return desk_.emplace(folder.path(), makeMail);
@@ -30,7 +30,7 @@ class WindowTest : public testing::Test {
         opener.startsWith("mnu") ? host().chooseMenu(opener) : host().click(opener);
     }
 
-    /// Opens a dialog by a menu item or button of the main window, and goes on when it has closed.
+    /// Opens a dialog by a menu item or button of the main window. Returns when it has closed.
     void in(const QString& form, const QString& opener, ModalWatcher::Action action) {
         host().watcher().expect(form, std::move(action));
         open(opener);

@@ -1,4 +1,4 @@
-"""Takes a message apart with Python's parser: parse_mail.py MESSAGE FOLDER
+"""Parses a message with Python's parser: parse_mail.py MESSAGE FOLDER
 
 The folder gets: fields (their names in order), from, to, cc (a name and an address on two lines for
 each), subject, types (of all parts), text, and for file i: i.name and i.bytes.
@@ -16,7 +16,7 @@ from email.header import decode_header, make_header
 
 def decoded(value):
     for word in re.findall(r"=\?UTF-8\?B\?([^? ]*)\?=", value):
-        base64.b64decode(word, validate=True).decode()  # each holds whole characters
+        base64.b64decode(word, validate=True).decode()  # each word must hold whole characters
     return str(make_header(decode_header(value.replace("\n", ""))))
 
 

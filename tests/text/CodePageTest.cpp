@@ -12,7 +12,7 @@ namespace turnpost {
 
 using Cases = std::vector<std::pair<std::string, std::string>>;
 
-TEST(CodePage, CharactersHaveTheBytesThatOtherProgramsGiveThem) {
+TEST(CodePage, MatchesWindows1252ByteForByte) {
     const Cases cases = {{"\x80", "\u20AC"}, {"\x81", "\xC2\x81"}, {"\x91", "\u2018"},
                          {"\x9F", "\u0178"}, {"\xE4", "\u00E4"},   {"A~\r\n", "A~\r\n"}};
     for (const auto& [bytes, text] : cases) {
@@ -26,7 +26,7 @@ TEST(CodePage, CharactersHaveTheBytesThatOtherProgramsGiveThem) {
     }
 }
 
-TEST(CodePage, FilesAndRepliesOfAnySystemAreReadAndThoseOfThisOneWritten) {
+TEST(CodePage, ReadsForeignEncodingsAndWritesTheSystems) {
     const std::string foreign = "J\u00FCrgen \u0416\u0101";
     std::string text = foreign;
     std::string bytes = foreign;

@@ -4,7 +4,7 @@
 
 namespace turnpost {
 
-TEST(Path, IsCutAtTheLastSeparatorOfEitherKindAndARootKeepsIts) {
+TEST(Path, SplitsAtTheLastSeparatorOfEitherKind) {
     for (const std::string folder : {"C:\\", "C:/", "/", "\\", ""}) {
         EXPECT_EQ(folderOfPath(folder + "A.M1"), folder);
         EXPECT_EQ(nameOfPath(folder + "A.M1"), "A.M1");

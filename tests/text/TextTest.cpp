@@ -4,7 +4,7 @@
 
 namespace turnpost {
 
-TEST(Text, IsTrimmedFoldedAndBrokenAsItsUsersExpect) {
+TEST(Text, TrimsFoldsShortensAndBreaksLines) {
     EXPECT_EQ(trimSpaces("  a b\t "), "a b\t");
     EXPECT_EQ(trimSpaces("  "), "");
     EXPECT_EQ(oneLine("a\r\nb\rc\nd\u2028e\u2029\u2028f\r\n"), "a b c d e  f ");

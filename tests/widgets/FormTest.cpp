@@ -21,7 +21,7 @@ class OneLineBoxes : public testing::Test {
   protected:
     OneLineBoxes() { form.show(); }
 
-    // The item of the right button's menu with this access key.
+    // The item of the context menu with this access key.
     void chooseByRightButton(Qt::Key key) {
         QTest::mouseClick(form.windowHandle(), Qt::RightButton, {}, box->geometry().center());
         QWidget* menu = QApplication::activePopupWidget();
@@ -42,7 +42,7 @@ class OneLineBoxes : public testing::Test {
     QClipboard& clipboard = *QApplication::clipboard();
 };
 
-TEST_F(OneLineBoxes, HoldOneLineHoweverTheTextComesInAndAPasteCanBeUndone) {
+TEST_F(OneLineBoxes, HoldOneLineAndUndoAPasteAsAWhole) {
     const QString broken("a\r\nb\nc\rd\u2028e\u2029f");
     clipboard.setText(broken);
     QTest::keyClicks(box, "x");
@@ -60,7 +60,7 @@ TEST_F(OneLineBoxes, HoldOneLineHoweverTheTextComesInAndAPasteCanBeUndone) {
     EXPECT_GT(box->maxLength(), 1 << 24);
 }
 
-TEST_F(OneLineBoxes, ForAddressesTakeNothingInvisibleFromOtherProgramsAndShowWhatIsSet) {
+TEST_F(OneLineBoxes, AddressBoxesDropForeignInvisibleCharacters) {
     const QString address = "\u200Bp\u200F1\u202A@\u202E\u2060e\u2064x\u2066.\u2069n\uFEFFet\u00AD";
     const auto texts = [&] {
         QStringList shown;
@@ -80,14 +80,14 @@ TEST_F(OneLineBoxes, ForAddressesTakeNothingInvisibleFromOtherProgramsAndShowWha
     EXPECT_EQ(texts(), QStringList(3, "p1@ex.net "));
     box->setText(address);
     EXPECT_EQ(box->text(), address);
-    // Its neighbours among the characters are seen.
+    // Characters next to invisible ones in Unicode are kept.
     clipboard.setText("\u009F\u00A1\u00AC\u00AE\u200A\u2010\u202F\u205F\u2065\u206A\uFEFE");
     box->clear();
     QTest::keySequence(box, QKeySequence::Paste);
     EXPECT_EQ(box->text(), clipboard.text());
 }
 
-TEST(Form, ForeignTextIsShownPlainInMessageBoxes) {
+TEST(Form, MessageBoxesShowForeignTextPlain) {
     ModalWatcher watcher;
     watcher.expect("", [](QWidget& window) {
         auto* box = qobject_cast<QMessageBox*>(&window);
@@ -101,7 +101,7 @@ TEST(Form, ForeignTextIsShownPlainInMessageBoxes) {
     EXPECT_TRUE(watcher.done() && watcher.faults().empty());
 }
 
-TEST(Form, ATextAreaGivesCrLfForEachKindOfReturn) {
+TEST(Form, TextAreasReturnCrLfLineEnds) {
     QPlainTextEdit area("a");
     QTest::keyClick(&area, Qt::Key_Return);
     QTest::keyClick(&area, Qt::Key_Return, Qt::ShiftModifier);

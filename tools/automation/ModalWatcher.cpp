@@ -82,7 +82,7 @@ void ModalWatcher::look() {
     }
     const Action action = std::move(expected_.front().action);
     expected_.pop_front();
-    // Queued: an action may open further windows, and the timer has to see those.
+    // Queued, because an action may open further windows, and the timer has to see them.
     QMetaObject::invokeMethod(
         modal,
         [this, action, modal] {

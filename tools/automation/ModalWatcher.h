@@ -12,9 +12,9 @@
 
 namespace turnpost::automation {
 
-/// Stands in for the person in front of modal windows: each window that opens gets the next action
-/// in line. A window that nobody expects, or that stays open too long after its action, is closed
-/// and counted as a fault, so that no test hangs on an open dialog.
+/// Plays the host in front of modal windows: each window that opens gets the next action of the
+/// list. A window that is not expected, or stays open too long after its action, is closed and
+/// counted as a fault, so that no test hangs on an open dialog.
 class ModalWatcher final : public QObject {
   public:
     using Action = std::function<void(QWidget&)>;
@@ -24,11 +24,11 @@ class ModalWatcher final : public QObject {
     /// The next window must have this object name ("" for a message box).
     void expect(const QString& name, Action action);
 
-    /// The next window must be a message box; it is closed with its OK button and its text kept.
+    /// The next window must be a message box. Its text is kept, and its OK button closes it.
     void expectMessage();
 
-    /// The next window must be the sending report; it is closed with its close box and its text,
-    /// line ends LF, kept.
+    /// The next window must be the sending report. Its text is kept with LF line ends, and its
+    /// close box closes it.
     void expectReport();
 
     /// Keeps the text of an open message box and presses its OK button, as expectMessage does.
@@ -37,15 +37,15 @@ class ModalWatcher final : public QObject {
     /// Keeps the text of an open report and closes it, as expectReport does.
     void readReport(QWidget& report);
 
-    /// Leaves modal windows to the person from now on.
+    /// From now on a real person answers modal windows.
     void stop() { timer_.stop(); }
 
-    /// True when every expected window has come and gone.
+    /// True when every expected window has been opened and closed.
     bool done() const;
 
     const std::vector<std::string>& texts() const { return seenTexts_; }
 
-    /// Gives the texts and keeps none.
+    /// Returns the kept texts and forgets them.
     std::vector<std::string> takeTexts() { return std::exchange(seenTexts_, {}); }
 
     const std::vector<std::string>& faults() const { return seenFaults_; }

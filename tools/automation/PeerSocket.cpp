@@ -46,10 +46,10 @@ void PeerSocket::read() {
     } else if (state == Transfer::Failed) {
         end(true);
     } else if (state == Transfer::Ended && !kept_.empty()) {
-        // The late answer; the next look tells whether the client met it with a reset.
+        // Sends the late answer. The next read shows whether the client answers it with a reset.
         release();
     } else if (state == Transfer::Ended && !outgoing_.empty()) {
-        // The end of stream is still there when all has been sent.
+        // The end of stream can still be read when all has been sent.
         readable_.setEnabled(false);
         readsWhenSent_ = true;
     } else if (state == Transfer::Ended) {

@@ -8,36 +8,36 @@
 
 namespace turnpost::automation {
 
-/// The server's end of one connection. When destroyed it closes; what has not been read becomes a
-/// reset for the client.
+/// The server's end of one connection. The destructor closes it; if data is unread then, the client
+/// gets a reset.
 class PeerSocket final : public QObject {
   public:
     using Received = std::function<void(const std::string& bytes)>;
     using Ended = std::function<void(bool byReset)>;
 
-    /// Takes over a connected socket of the system. `onEnded` is called once, when the connection
-    /// is closed by either side; not by the destructor.
+    /// Takes over a connected socket of the system. `onEnded` is called once, when either side
+    /// closes the connection; the destructor does not call it.
     PeerSocket(std::intptr_t connected, Received onReceived, Ended onEnded);
     PeerSocket(const PeerSocket&) = delete;
     PeerSocket& operator=(const PeerSocket&) = delete;
 
-    /// Sends in the background what the system does not take at once.
+    /// Sends; what the system does not take at once goes out in the background.
     void send(const std::string& bytes);
 
-    /// Keeps bytes back until release(), or until the client has ended its side. They go out one by
-    /// one.
+    /// Keeps bytes back until release(), or until the client has ended its side. Then they are sent
+    /// one by one.
     void keepBack(const std::string& bytes) { kept_ += bytes; }
 
-    /// Sends what has been kept back, and reads again.
+    /// Sends the bytes that were kept back, and reads again.
     void release();
 
-    /// Leaves what the client sends in the system's buffers until release().
+    /// Reads nothing until release(), so that what the client sends stays in the system's buffers.
     void stopReading() { readable_.setEnabled(false); }
 
-    /// An orderly end of stream; reading goes on.
+    /// Sends an orderly end of stream, and goes on reading.
     void endSending() { system_.endSending(); }
 
-    /// Closes, by a reset if so wanted. What has not been sent yet is dropped.
+    /// Closes in order or by a reset. Bytes that have not been sent yet are dropped.
     void close(bool byReset);
 
   private:

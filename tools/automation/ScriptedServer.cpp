@@ -38,7 +38,7 @@ ScriptedServer::ScriptedServer(Script script)
     : script_(std::move(script)),
       listener_(static_cast<std::intptr_t>(socket(AF_INET, SOCK_STREAM, 0))) {
     const auto handle = static_cast<SocketHandle>(listener_.descriptor());
-    // Before listen, so that the first segments of a connection know of it.
+    // Set before listen(), so that it applies to the first segments of a connection.
     const auto setOption = [handle](int level, int name, int value) {
         setsockopt(handle, level, name, reinterpret_cast<const char*>(&value), sizeof value);
     };
@@ -120,7 +120,7 @@ void ScriptedServer::answer(int connection, Point point, const std::string& line
         peer.paused = true;
         peer.socket->stopReading();
     } else if (answer.then == Answer::Then::Close && peer.inMessage) {
-        // Closing with more of the message on its way would be a reset.
+        // Closing while more of the message arrives would cause a reset.
         peer.over = true;
         peer.socket->endSending();
     } else if (answer.then != Answer::Then::Continue) {

@@ -13,30 +13,30 @@
 
 namespace turnpost::automation {
 
-/// Where a conversation stands when the server is asked for an answer.
+/// The point of a conversation at which the server has to answer.
 enum class Point { Greeting, Helo, Mail, Recipient, Data, InMessage, Message, Quit };
 
 struct Answer {
-    /// Close is an orderly end of stream. Pause reads no more until release().
+    /// Close is an orderly end of stream. Pause stops reading until release().
     enum class Then { Continue, Pause, Close, Reset };
 
-    /// Sent in one piece; empty says nothing.
+    /// Sent in one piece; an empty text sends nothing.
     std::string bytes;
     Then then = Then::Continue;
     /// Kept back until release(), or until the client has ended its side; then sent byte by byte.
     std::string late = {};
 };
 
-/// What the server says at each point, given the number of the connection (from 0) and the line it
-/// has just received.
+/// The server's answer at each point. Takes the number of the connection (from 0) and the line that
+/// was just received.
 using Script = std::function<Answer(Point, int connection, const std::string& line)>;
 
-/// Accepts everything as a common server does.
+/// Accepts everything, with the answers of a common server.
 Answer goodAnswer(Point point);
 
-/// A real TCP server on a free loopback port that follows a script. Its segments and buffers are
-/// those of a common network, not of the loopback, so that half a megabyte is more than a client
-/// can be rid of before the server reads it. Runs on the test's own event loop.
+/// A real TCP server on a free loopback port that follows a script. Its segments and buffers have
+/// the sizes of a common network, not of the loopback, so that a client cannot send half a megabyte
+/// before the server reads. Runs on the test's event loop.
 class ScriptedServer final : public QObject {
   public:
     struct Conversation {
@@ -61,15 +61,15 @@ class ScriptedServer final : public QObject {
 
     const std::deque<Conversation>& conversations() const { return records_; }
 
-    /// Sends what has been kept back on a connection, and goes on after a pause.
+    /// Sends the bytes that were kept back on a connection, or ends its pause.
     void release(int connection);
 
-    /// From now on Point::InMessage comes when this many bytes of a message have arrived, or never
-    /// when it is shorter. Until then it comes with the first bytes.
+    /// From now on Point::InMessage is reached when this many bytes of a message have arrived; a
+    /// shorter message never reaches it. Before this call it is reached with the first bytes.
     void setMidMessage(size_t bytes) { midMessage_ = bytes; }
 
-    /// Closes all connections and drops what is known of them; the next one is number 0. Not from
-    /// inside the script.
+    /// Closes and forgets all connections; the next one is number 0. Do not call it from inside the
+    /// script.
     void forget();
 
   private:

@@ -12,11 +12,11 @@ struct DecodedFile {
     std::string bytes;
 };
 
-/// All UUencoded blocks of a text with CR LF lines, decoded by the book and not by our encoder's
-/// rules; nothing when a block is broken.
+/// All UUencoded blocks of a text with CR LF lines, decoded by the general rules and not by those
+/// of our encoder. Nothing when a block is damaged.
 std::optional<std::vector<DecodedFile>> decodeUuBlocks(std::string_view text);
 
-/// The text as a mail server stores it: one period taken off each line that starts with two.
+/// The text as a mail server stores it: each line that starts with two periods loses one.
 std::string withoutDoubledPeriods(std::string_view text);
 
 } // namespace turnpost::automation

@@ -8,7 +8,7 @@ namespace turnpost::automation {
 
 bool waitUntil(const std::function<bool()>& condition, int timeout) {
     const QDeadlineTimer deadline(timeout);
-    // Wakes the loop, so that conditions outside of it (files, processes) are seen too.
+    // Wakes the loop, so that conditions outside of it (files, processes) are noticed too.
     QTimer tick;
     tick.start(5);
     while (!condition()) {

@@ -1,4 +1,4 @@
-// A window of a hundred controls that do nothing, to compare the main window with.
+// A window with a hundred controls that do nothing, to be compared with the main window.
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>

@@ -1,6 +1,6 @@
-// Measures a turn of 16 players with files of 100 KiB, each step beside something that does the
-// same, and prints a table: bench FOLDER TURNPOST BARE_WINDOW. The folder is an empty one, with a
-// separator at its end; the other two are programs.
+// Measures the steps of a turn of 16 players with files of 100 KiB, compares each with something
+// that does the same, and prints a table: bench FOLDER TURNPOST BARE_WINDOW. The folder is empty,
+// and its name ends in a separator; the other two are programs.
 #include "Sending.h"
 #include "Sink.h"
 #include "Start.h"
@@ -27,7 +27,7 @@ namespace {
 constexpr int rounds = 41;
 constexpr size_t turnFileBytes = 100 << 10;
 
-using Timed = std::function<double()>; // gives milliseconds
+using Timed = std::function<double()>; // returns milliseconds
 
 Timed timed(const std::function<void()>& work) {
     return [work] {
@@ -44,7 +44,7 @@ double median(std::vector<double> times) {
     return times[times.size() / 2];
 }
 
-// Both take turns, so that both meet the same machine.
+// The two take turns, so that both run under the same load of the machine.
 void compare(const char* work, const Timed& ours, const char* other, const Timed& theirs) {
     std::vector<double> ourTimes;
     std::vector<double> theirTimes;

@@ -11,7 +11,7 @@ namespace turnpost::bench {
 
 namespace {
 
-// Each client waits for an answer before it says more, so an answer is due at every end.
+// Each client waits for an answer before it sends more, so each part needs an answer.
 void serve(int connection) {
     static char arrived[1 << 18];
     const auto say = [connection](std::string_view reply) {

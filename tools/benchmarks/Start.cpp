@@ -18,7 +18,7 @@ double startTime(const std::string& program) {
     const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(display)).data->root;
     const std::uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     xcb_change_window_attributes(display, root, XCB_CW_EVENT_MASK, &mask);
-    // The answer comes when the display has taken what was said before.
+    // The answer comes when the display has handled all earlier requests.
     free(xcb_get_input_focus_reply(display, xcb_get_input_focus(display), nullptr));
     const auto start = std::chrono::steady_clock::now();
     const pid_t child = fork();

@@ -18,7 +18,7 @@ bool complain(const std::string& what) {
     return false;
 }
 
-// The player a message belongs to, by the name of the first of its two files; 0 when it has others.
+// The player of a message, by the name of the first of its two files; 0 if it has other files.
 int playerOf(const std::vector<automation::DecodedFile>& files) {
     const std::string prefix = "GAME.M";
     const bool complete = files.size() == 2 && files[0].name.starts_with(prefix);

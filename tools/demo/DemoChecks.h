@@ -13,12 +13,12 @@ using TurnFiles = std::map<int, std::string>;
 
 /// Stores each message that the server accepted as player-N.eml in the folder, and compares the
 /// files inside with the turn file and the extra file. True when exactly the players who can be
-/// served got exactly their files; what is wrong goes to standard error.
+/// served got exactly their files. Prints each difference to standard error.
 bool checkMessages(const std::deque<automation::ScriptedServer::Conversation>& conversations,
                    const TurnFiles& turnFiles, const std::string& extraFile,
                    const std::string& folder);
 
-/// True when the mail system was handed the messages of all these players with their files.
+/// True when the mail system got the messages of all these players with their files.
 bool checkMailSystem(const std::map<std::string, int>& playersByAddress, const std::string& folder);
 
 /// True when the reports have a line of each kind.

@@ -24,8 +24,8 @@ using automation::Answer;
 using automation::Point;
 
 const char* const refusedAddress = "crimson@example.net";
-constexpr int heldConnection = 1; // stands still for a picture of the window while it sends
-constexpr int repaintTime = 250;  // milliseconds that a screen gets to show what has changed
+constexpr int heldConnection = 1; // paused for a picture of the window during a send
+constexpr int repaintTime = 250;  // milliseconds for the screen to show a change
 
 Answer answer(Point point, int connection, const std::string& line) {
     if (point == Point::Recipient && line.find(refusedAddress) != std::string::npos) {
@@ -68,7 +68,7 @@ bool DemoRun::play(int pause, bool fromScreen) {
     for (const std::string& fault : person_.watcher().faults()) {
         std::cerr << "window: " << fault << '\n';
     }
-    // The box after saving, then the two reports.
+    // First the box after saving, then the two reports.
     const auto& texts = person_.watcher().texts();
     if (!person_.watcher().faults().empty() || texts.size() != 3 ||
         texts[0] != "Details saved to " +
@@ -130,7 +130,7 @@ void DemoRun::enterPlayers() {
         person_.type(QString("PlayerEmail(%1)").arg(player.number - 1), player.address);
     }
     person_.type("AltEmail(3)", "gold@example.com");
-    // One player sits this turn out, and one file gets lost after it was found.
+    // One player is skipped in this turn, and one file is deleted after it was found.
     person_.click("IncludePlayer(15)");
     QFile::remove(folder_ + "/game/GAME.M14");
     takePicture(person_.window(), "main");

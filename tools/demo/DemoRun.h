@@ -8,16 +8,16 @@
 
 namespace turnpost::demo {
 
-/// A host's evening from an empty folder to the sending reports, by clicks and keys in the real
-/// windows, with pictures of them on the way.
+/// All that a host does, from an empty folder to the sending reports, by clicks and keys in the
+/// real windows. Takes pictures of the windows.
 class DemoRun {
   public:
-    /// `folder` becomes the program's folder; the sample game goes into game/ below it.
+    /// `folder` becomes the program's folder; the sample game is made in its folder game/.
     explicit DemoRun(const std::string& demoFolder);
 
-    /// Goes through it; `pause` milliseconds between the steps let a person follow. The pictures
-    /// are taken from the screen with the windows' frames when `fromScreen`, which then also shows
-    /// a game of 16 players. Prints the reports. True when every message arrived as it should.
+    /// Runs it, with `pause` milliseconds between the steps so that a person can follow. With
+    /// `fromScreen` the pictures are taken from the screen with the windows' frames, and a game of
+    /// 16 players is shown too. Prints the reports. True when every message arrived as it should.
     bool play(int pause, bool fromScreen);
 
     automation::Host& host() { return person_; }

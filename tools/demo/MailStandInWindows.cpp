@@ -9,7 +9,7 @@
 
 namespace turnpost::demo {
 
-// The mail client that tools/wine-prefix has set up writes down what it is asked.
+// The mail client that tools/wine-prefix has set up records each request.
 Application::MailSystemMaker recordingMailSystem(const std::string& folder) {
     SetEnvironmentVariableW(L"TURNPOST_RECORD", toNativePath(joinPath(folder, "mapi.txt")).c_str());
     return makeMailSystem;

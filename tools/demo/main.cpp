@@ -38,7 +38,7 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     if (qEnvironmentVariableIsEmpty("QT_LOGGING_RULES")) {
-        // The toolkit warns of what a desktop without a screen or a session lacks.
+        // Qt warns of what is missing without a screen or a session.
         qputenv("QT_LOGGING_RULES", "*.warning=false");
     }
     QApplication application(argc, argv);

@@ -2,10 +2,11 @@
 
 namespace turnpost::automation {
 
-// A window: client width and height in twips, title, and what Tab visits, from the focus on. Menus.
-// Controls, from the lowest to the topmost: kind, name, left, top, width and height in twips, text
-// (of one line), name for screen readers. Of an array the first stands for all: they are alike but
-// for the number in their texts, 360 twips apart in the main window, 480 in dialogs.
+// For each window: client width and height in twips, title, the controls that Tab visits, beginning
+// with the focus; then the menus; then the controls from the lowest to the topmost: kind, name,
+// left, top, width and height in twips, text (one line), name for screen readers. The first control
+// of an array stands for all. The others differ in the number in their texts and lie 360 twips
+// apart in the main window, 480 in dialogs.
 inline constexpr const char* controlTable = R"table(
 frmMain 9600 7200 "Nimbus Turnpost Version 1.3.0" GameName Command1 butSend butAtch txtGamePath GameChoose PlaySel(0) PlaySel(1) PlaySel(2) IncludePlayer(0) PlayerName(0) PlayerEmail(0) AltEmail(0) GameFile(0) IncludePlayer(1)
 &File mnuFile: &New mnuNew &Open mnuOpen &Save mnuSave --- mnuSpace1 E&xit mnuExit

@@ -32,7 +32,7 @@ QString kindOf(const QWidget& control) {
     return kind + (control.font().bold() ? ",bold" : "");
 }
 
-// Of an array every control gives the line of the first.
+// Gives the line of the first control for every control of an array.
 QString lineOf(const QWidget& control, int arrayPitch) {
     const QString name = control.objectName();
     const int index = name.startsWith("PlaySel") ? 0 : name.section('(', 1).remove(')').toInt();
@@ -99,7 +99,7 @@ QString menusOf(const QMenuBar& bar) {
     return text;
 }
 
-// All that the table holds of a window; what is the same for all windows is looked at here.
+// The window as the table describes it. What is the same for all windows is checked here.
 std::string describe(const QWidget& form) {
     const auto* menus = form.findChild<QMenuBar*>();
     const QSize size = form.size() - QSize(0, menus == nullptr ? 0 : menus->height());
@@ -123,7 +123,7 @@ std::string describe(const QWidget& form) {
 // With the usual fonts. A caption that needs a second line must get one.
 void expectCaptionFits(QWidget& control) {
     if (QFontDatabase::families().isEmpty()) {
-        return; // The toolkit's windows without a screen have no fonts on Windows.
+        return; // The offscreen platform has no fonts on Windows.
     }
     const QString text = control.property("text").toString();
     const int markWidth = control.inherits("QLabel") ? 0 : control.inherits("QPushButton") ? 2 : 17;
@@ -157,7 +157,7 @@ void expectCaptionsFit(QWidget& form) {
 
 class Controls : public WindowTest {};
 
-TEST_F(Controls, OfEveryWindowAreThoseOfTheTable) {
+TEST_F(Controls, EveryWindowMatchesItsTable) {
     std::map<int, size_t> turnFiles;
     for (int player = 1; player <= rowCount; ++player) {
         turnFiles[player] = 1;

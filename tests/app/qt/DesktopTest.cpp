@@ -14,7 +14,7 @@ namespace turnpost::automation {
 
 class DesktopProgram : public WindowTest {
   protected:
-    // The whole life of a program; one that does not end is ended with another exit status.
+    // Runs the program to its end. After 20 seconds it is stopped with exit status 1.
     void expectToEnd(const std::function<void()>& first) {
         QMetaObject::invokeMethod(qApp, first, Qt::QueuedConnection);
         QTimer::singleShot(20000, &window(), [] { QCoreApplication::exit(1); });
@@ -22,13 +22,13 @@ class DesktopProgram : public WindowTest {
         EXPECT_FALSE(window().isVisible());
         EXPECT_LE(window().frameGeometry().width(), 2000 / 15);
         EXPECT_LE(window().height(), 30 / 15);
-        // The line lies where the top edge of the last strip was, 500 twips high.
+        // The last strip was 500 twips high, and the line lies at its top edge.
         const QPoint off = window().geometry().center() - window().screen()->geometry().center();
         EXPECT_LE(off.manhattanLength(), 20) << "not in the middle of the screen";
     }
 };
 
-TEST_F(DesktopProgram, GoesOnAfterTheFirstSettingsAndShrinksInItsPlaceToEnd) {
+TEST_F(DesktopProgram, RunsFromFirstSettingsToClosingAnimation) {
     host().watcher().expect("frmSettings", [this](QWidget& form) {
         EXPECT_FALSE(window().isVisible());
         host().type("txtHostName", "Host", &form);
@@ -38,7 +38,7 @@ TEST_F(DesktopProgram, GoesOnAfterTheFirstSettingsAndShrinksInItsPlaceToEnd) {
         host().desktop().startUp();
         EXPECT_EQ(findControl<QAction>(window(), "mnuStoredG(1)")->text(), " - Empty - ");
         EXPECT_EQ(findControl<QFrame>(window(), "Shape1")->width(), 0);
-        // Behind whatever the dialog's end has set off.
+        // After the events that closing the dialog has queued.
         QTimer::singleShot(0, [this] { open("mnuExit"); });
     });
     EXPECT_TRUE(folder.read("TURNPOST.INI").starts_with("\"Host\"\r\n\"\"\r\n"));
@@ -53,7 +53,7 @@ TEST_F(DesktopProgram, ClosingTheWindowEndsASend) {
     EXPECT_TRUE(waitUntil([&] { return server.conversations()[0].ended; }));
 }
 
-TEST_F(DesktopProgram, OnlyTheFirstPressOfADoubleClickSendsButADeliberateSecondOneDoesToo) {
+TEST_F(DesktopProgram, DoubleClickSendsOnceAndSecondClickSendsAgain) {
     FakeMail::Record calls;
     start([&calls](const Settings&) {
         return MailSystem{std::make_unique<FakeMail>(calls), std::make_unique<FakeMail>(calls)};
@@ -75,7 +75,7 @@ TEST_F(DesktopProgram, OnlyTheFirstPressOfADoubleClickSendsButADeliberateSecondO
     EXPECT_FALSE(calls.empty()) << "the mail system got no message";
 }
 
-TEST_F(DesktopProgram, HasItsFoldersWhereTheProgramAndThePersonsConfigurationAre) {
+TEST_F(DesktopProgram, FindsProgramAndConfigurationFolders) {
     const ProgramFolders own = Desktop::ownFolders();
     const QString program = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
     EXPECT_EQ(own.program, program.toStdString());

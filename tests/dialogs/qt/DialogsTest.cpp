@@ -18,14 +18,13 @@ const char* const settings = "frmSettings mnuEmailSets";
 const char* const message = "frmMessage mnuMsg";
 const char* const attachments = "frmAtch butAtch";
 
-// The texts of all boxes and the ticks ("x" or "o") of a dialog, from its first control to its
-// last.
+// The texts of all boxes and the ticks ("x" or "o") of a dialog, in the order of its controls.
 std::string shownBy(const QWidget& form) {
     QStringList values;
     for (const QWidget* control : form.findChildren<QWidget*>()) {
         if (control->inherits("QCheckBox")) {
             values += control->property("checked").toBool() ? "x" : "o";
-        } else if (control->property("readOnly").isValid()) { // Only boxes have it.
+        } else if (control->property("readOnly").isValid()) { // Only text boxes have it.
             values +=
                 control->property("text").toString() + control->property("plainText").toString();
         }
@@ -46,8 +45,8 @@ class Dialogs : public WindowTest {
         host().desktop().startUp();
     }
 
-    // What is done in a dialog: "control=text" types, "control>file" picks a file in the picker
-    // that the button opens ("control>" cancels it), "control" clicks.
+    // A step in a dialog: "control=text" types, "control>file" picks a file in the picker that the
+    // button opens ("control>" cancels it), "control" clicks.
     void act(QWidget& form, const QString& deed) {
         const QString control = deed.section(QRegularExpression("[=>]"), 0, 0);
         const QString value = deed.mid(control.size() + 1);
@@ -67,8 +66,8 @@ class Dialogs : public WindowTest {
         host().click(control, &form);
     }
 
-    // Opens a dialog, looks at what it shows ("%" is the game's folder), and leaves it by a button
-    // or, without one, by its close box, which must not write anything.
+    // Opens a dialog, compares what it shows ("%" is the game's folder), and closes it by a button.
+    // Without a button it uses the close box, which must not write anything.
     void visit(const QString& dialog, QString shown, const QStringList& deeds, const QString& end) {
         const std::string before = folder.read("TURNPOST.INI");
         shown.replace("%/", QString::fromStdString(folder.path("")));
@@ -83,7 +82,7 @@ class Dialogs : public WindowTest {
     }
 };
 
-TEST_F(Dialogs, EmailSettingsAreStoredAsTypedByOkOnly) {
+TEST_F(Dialogs, OnlyOkStoresEmailSettings) {
     const char* const typed = "  Bob \"The Host\" Smith|bob@example.org| mail:2525 ";
     visit(settings, "Game Host|host@example.org|localhost",
           {"txtHostName=  Bob \"The Host\" Smith", "txtHostEmail=bob@example.org",
@@ -109,7 +108,7 @@ TEST_F(Dialogs, EmailSettingsAreStoredAsTypedByOkOnly) {
     });
 }
 
-TEST_F(Dialogs, TheMessageIsStoredToTheLastBlankByOkOnlyAndEnterStartsALine) {
+TEST_F(Dialogs, OnlyOkStoresTheMessageAsTyped) {
     const QString hard(QChar(0xa0));
     visit(message, "|", {"txtSubject= Turn <<gn>> & more ", "txtMessage= one\n\n.two" + hard},
           "mnuOK");
@@ -135,7 +134,7 @@ TEST_F(Dialogs, TheMessageIsStoredToTheLastBlankByOkOnlyAndEnterStartsALine) {
     visit(message, "|", {}, "");
 }
 
-TEST_F(Dialogs, TheMessageKeepsEachTextOfAFileInWhichNothingIsTyped) {
+TEST_F(Dialogs, UntouchedMessageTextsStayUnchanged) {
     const MessageTemplate odd{"a\rb\nc\u2028d\u2029e\uFDD0f",
                               "a\rb\nc\u2028d\u2029e\uFDD0f\uFDD1g\r\n"};
     const auto after = [&](const QStringList& deeds) {
@@ -154,7 +153,7 @@ TEST_F(Dialogs, TheMessageKeepsEachTextOfAFileInWhichNothingIsTyped) {
     EXPECT_EQ(after({"txtMessage=x", "Default"}), defaultTemplate());
 }
 
-TEST_F(Dialogs, AttachmentsAreStoredByOkOnlyAndACancelledPickerPicksNothing) {
+TEST_F(Dialogs, OnlyOkStoresAttachments) {
     visit(attachments, "o|x|||",
           {"chkXY", "butAddAtch(0)>GAME.M1", "butAddAtch(1)>", "txtFile(1)= no such file ",
            "butAddAtch(2)>README"},
@@ -169,7 +168,7 @@ TEST_F(Dialogs, AttachmentsAreStoredByOkOnlyAndACancelledPickerPicksNothing) {
     visit(attachments, "o|x|||", {}, "");
 }
 
-TEST_F(Dialogs, StoredGamesAreStoredAndShownInTheMenuByOkOnlyEachInItsSlot) {
+TEST_F(Dialogs, OnlyOkStoresGamesAndShowsThemInTheMenu) {
     const auto games = [this](const char* shown, const QStringList& deeds, const char* end,
                               const char* entries) {
         visit("frmStore mnuStoredCon", shown, deeds, end);
@@ -195,7 +194,7 @@ TEST_F(Dialogs, StoredGamesAreStoredAndShownInTheMenuByOkOnlyEachInItsSlot) {
     EXPECT_EQ(host().textOf("GameName"), "Spring & \"Cup\"");
 }
 
-TEST_F(Dialogs, AStoredGamesNameFitsTheMenuIsWholeInItsTipAndDecidesAsItIsWhetherItsSlotIsEmpty) {
+TEST_F(Dialogs, LongGameNamesFitTheMenuAndItsTooltip) {
     const std::string name = "<b>&\t" + std::string(500, 'x') + "\t&</b>";
     Settings stored = values().settings;
     stored.StoredGames[0].StoredGameName = name;
@@ -214,7 +213,7 @@ TEST_F(Dialogs, AStoredGamesNameFitsTheMenuIsWholeInItsTipAndDecidesAsItIsWhethe
     EXPECT_EQ(boxBy("mnuStoredG(2)"), "Game details not found");
 }
 
-TEST_F(Dialogs, AboutHasCreditsOfFourLinesAndClosesByEnterAndEscape) {
+TEST_F(Dialogs, AboutShowsCreditsAndClosesByEnterAndEscape) {
     for (const auto key : {Qt::Key_Escape, Qt::Key_Return}) {
         in("frmAbout", "mnuAbout", [key](QWidget& form) {
             const QString credits = findControl<QLabel>(form, "lblDescription")->text();

@@ -53,7 +53,7 @@ class Picker : public WindowTest {
     }
 };
 
-TEST_F(Picker, ListsMatchingFilesOfAnyCaseInTheProgramsDriveAndLoadsOnlyASelectedOne) {
+TEST_F(Picker, ListsMatchingFilesAndLoadsOnlyASelectedOne) {
     in("frmOpen", "GameChoose", [this](QWidget& form) {
         EXPECT_EQ(findControl<QLabel>(form, "txtOpenMessage")->text(),
                   "Find Stars! Host File (*.HST)");
@@ -77,7 +77,7 @@ TEST_F(Picker, ListsMatchingFilesOfAnyCaseInTheProgramsDriveAndLoadsOnlyASelecte
     EXPECT_EQ(values().game.GameYear, 2401);
 }
 
-TEST_F(Picker, ChoosingAFolderOrADriveMakesLoadUnavailableAndTheCloseBoxChangesNothing) {
+TEST_F(Picker, ChangingTheFolderDisablesLoadAndTheCloseBoxCancels) {
     qputenv("HOME", folder.path("home").c_str());
     folder.makeFolder("home");
     host().desktop().app().game().GamePath = folder.path(".deep/");
@@ -100,7 +100,7 @@ TEST_F(Picker, ChoosingAFolderOrADriveMakesLoadUnavailableAndTheCloseBoxChangesN
     EXPECT_EQ(values().game.HostFileName, "GAME.HST");
 }
 
-TEST_F(Picker, KeysAloneOpenFoldersSelectFromTheFirstPressAndLoad) {
+TEST_F(Picker, KeysAloneOpenFoldersAndLoadFiles) {
     in("frmOpen", "GameChoose", [this](QWidget& form) {
         auto* folders = findControl<QListView>(form, "Dir1");
         auto* files = findControl<QListView>(form, "File1");
@@ -126,7 +126,7 @@ TEST_F(Picker, KeysAloneOpenFoldersSelectFromTheFirstPressAndLoad) {
 }
 
 #ifndef _WIN32
-TEST_F(Picker, ANameThatNoGameFileCanHoldIsGreyedWithTheReasonAndCannotBeSelected) {
+TEST_F(Picker, UnusableNamesAreGreyedWithTheReason) {
     folder.write("!\xEB.hst", "");
     folder.makeFolder("~\xEB");
     in("frmOpen", "GameChoose", [this](QWidget& form) {
@@ -159,7 +159,7 @@ TEST_F(Picker, ANameThatNoGameFileCanHoldIsGreyedWithTheReasonAndCannotBeSelecte
 }
 #endif
 
-TEST_F(Picker, OpenOffersToMakeTheFileTheDefaultGameEachTimeUnticked) {
+TEST_F(Picker, OpenOffersTheDefaultGameUnticked) {
     host().type("GameName", "Cup");
     boxBy("mnuSave");
     for (const std::string button : {"butCancel", "butLoad"}) {

@@ -14,18 +14,18 @@ namespace {
 const std::string oldBytes = "\"old\"\r\n";
 const std::string newBytes = "\"" + std::string(700, 'n') + "\"\r\n";
 
-// The system calls that change files; all go through one library. Closing, the first, cannot fail.
+// The system calls that change files; all go through one library. The first, closing, cannot fail.
 constexpr std::array calls = {"NtClose",    "NtCreateFile",         "NtFlushBuffersFile",
                               "NtOpenFile", "NtSetInformationFile", "NtWriteFile"};
 constexpr LONG diskFull = static_cast<LONG>(0xC000007F);
 constexpr int killed = 9;
 
-// More arguments than any of them has: to hand on what is none does no harm.
+// More arguments than any of them has; passing on too many does no harm.
 using P = void*;
 using Call = LONG (*)(P, P, P, P, P, P, P, P, P, P, P);
 
 std::array<Call, calls.size()> systemCalls;
-// Those until the one that fails, or ends the process.
+// The number of calls before the one that fails or ends the process.
 int goodCalls = -1;
 bool kills = false;
 std::string failed;
@@ -56,7 +56,7 @@ template <size_t... I> void intercept(std::index_sequence<I...> /*all*/) {
     (divert(systemCalls[I], calls[I], intercepted<I>), ...);
 }
 
-// Gives why the save was refused; empty when it was not.
+// Why the save was refused; empty when it was not.
 std::string failure(const std::string& path, int callsBefore) {
     goodCalls = callsBefore;
     try {
@@ -69,7 +69,7 @@ std::string failure(const std::string& path, int callsBefore) {
 
 } // namespace
 
-TEST(FileFault, ASystemCallThatFailsLeavesTheOldFileWholeAndIsReportedUnlessItDoesNoHarm) {
+TEST(FileFault, FailedSystemCallsLeaveTheOldFileWhole) {
     intercept(std::make_index_sequence<calls.size()>());
     const TempFolder temp;
     std::set<std::string> reported;
@@ -87,7 +87,7 @@ TEST(FileFault, ASystemCallThatFailsLeavesTheOldFileWholeAndIsReportedUnlessItDo
     EXPECT_EQ(reported, std::set<std::string>(calls.begin() + 1, calls.end()));
 }
 
-TEST(FileFault, AProcessKilledBetweenAnyTwoSystemCallsLeavesTheOldOrTheNewFileWhole) {
+TEST(FileFault, KilledSavesLeaveTheOldOrTheNewFile) {
     if (const wchar_t* path = _wgetenv(L"TURNPOST_FILE")) {
         intercept(std::make_index_sequence<calls.size()>());
         kills = true;
@@ -102,10 +102,10 @@ TEST(FileFault, AProcessKilledBetweenAnyTwoSystemCallsLeavesTheOldOrTheNewFileWh
         temp.write("A", oldBytes);
         SetEnvironmentVariableW(L"TURNPOST_GOOD_CALLS", std::to_wstring(before).c_str());
         end = -1;
-        // On a busy machine Wine now and then does not start a program.
+        // On a busy machine Wine sometimes fails to start a program.
         for (int attempt = 0; attempt < 5 && end == -1; ++attempt) {
             end = _wspawnl(_P_WAIT, _wpgmptr, L"test", L"--gtest_brief=1",
-                           L"--gtest_filter=FileFault.AProcessKilled*", nullptr);
+                           L"--gtest_filter=FileFault.KilledSaves*", nullptr);
         }
         const std::string found = temp.read("A");
         EXPECT_TRUE(found == oldBytes || found == newBytes) << before << found;

@@ -1,6 +1,6 @@
-// A mail client for tests. It appends what it is asked to the file that TURNPOST_RECORD names, lets
-// the window that it gets do what it likes, as a message loop of its own would, and answers with
-// the codes in TURNPOST_LOGON_CODE and TURNPOST_SEND_CODE.
+// A mail client for tests. It appends each request to the file that TURNPOST_RECORD names. Then it
+// lets the owner window act, as a message loop would, and answers with the codes in
+// TURNPOST_LOGON_CODE and TURNPOST_SEND_CODE.
 
 #include "mapi/SimpleMapi.h"
 #include "text/CodePage.h"
@@ -12,7 +12,7 @@ namespace {
 
 using turnpost::fromUtf16;
 
-// Wider than 32 bits, as a handle may be.
+// Wider than 32 bits, because a handle may be.
 constexpr LHANDLE session = 12345678901234;
 
 std::wstring variable(const wchar_t* name) {

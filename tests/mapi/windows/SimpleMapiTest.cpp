@@ -9,8 +9,8 @@
 
 namespace turnpost {
 
-/// A program whose second player gets the mail through the system's own MAPI32.DLL, behind which
-/// the recording mail client has to be registered.
+/// A program whose second player gets the mail through the system's own MAPI32.DLL. The recording
+/// mail client has to be registered there.
 class SimpleMapiTest : public testing::Test {
   protected:
     SimpleMapiTest() {
@@ -33,20 +33,20 @@ class SimpleMapiTest : public testing::Test {
         SetEnvironmentVariableW(call, std::to_wstring(code).c_str());
     }
 
-    /// Gives the player's line.
+    /// Sends, and returns the player's line.
     std::string deliver() {
         application.sendByMailSystem(parent);
         return application.values().report[1];
     }
 
-    /// What the mail client was asked since the last time.
+    /// What the mail client was asked since the last call.
     std::string recorded() const {
         std::string lines = temp.read("record");
         std::filesystem::remove(toNativePath(temp.path("record")));
         return lines;
     }
 
-    /// What the person does while the mail client runs a message loop of its own.
+    /// What the host does while the mail client runs a message loop of its own.
     static inline std::function<void()> pressButtons = [] {};
 
     const HWND window =
@@ -66,7 +66,7 @@ class SimpleMapiTest : public testing::Test {
     PlayerSlot& player = application.game().rows[1];
 };
 
-TEST_F(SimpleMapiTest, AnOpenSessionIsNeverForgottenAndAClosedOneNeverUsed) {
+TEST_F(SimpleMapiTest, NeverLosesAnOpenSessionOrUsesAClosedOne) {
     const auto mapi = std::make_shared<SimpleMapi>();
     auto session = std::make_unique<SimpleMapiSession>(mapi);
     SimpleMapiMessages messages(mapi);
@@ -93,7 +93,7 @@ TEST_F(SimpleMapiTest, AnOpenSessionIsNeverForgottenAndAClosedOneNeverUsed) {
     EXPECT_EQ(recorded(), logoff);
 }
 
-TEST_F(SimpleMapiTest, EveryPartOfAMessageArrivesAsItWasGivenAndNothingOfItInTheNext) {
+TEST_F(SimpleMapiTest, EveryPartOfAMessageArrivesUnchanged) {
     player = {
         1,   player.PlayerName, " j\u00F6rg@example.org ", "two@example.org", "\u0416\u00FC.M2",
         true};
@@ -121,7 +121,7 @@ TEST_F(SimpleMapiTest, EveryPartOfAMessageArrivesAsItWasGivenAndNothingOfItInThe
     }
 }
 
-TEST_F(SimpleMapiTest, EveryRefusalHasItsOwnWordsAndItsNumber) {
+TEST_F(SimpleMapiTest, EveryRefusalHasItsOwnWordsAndNumber) {
     for (const auto& [code, words] : {std::pair(7, "MAPI Error: Unknown error (error 7)"),
                                       {28, "MAPI Error: An attachment is too large (error 28)"},
                                       {29, "MAPI Error: Unknown error (error 29)"}}) {
@@ -135,7 +135,7 @@ TEST_F(SimpleMapiTest, EveryRefusalHasItsOwnWordsAndItsNumber) {
     EXPECT_EQ(windows.boxes.back(), "MAPI Error: The mail program refused the logon (error 3)");
 }
 
-TEST_F(SimpleMapiTest, NoButtonStartsASecondSendInsideACallOfTheMailClient) {
+TEST_F(SimpleMapiTest, ButtonsStartNoSecondSendInsideTheMailClient) {
     pressButtons = [this] {
         application.butSend_Click();
         application.takeSendStep();
@@ -148,7 +148,7 @@ TEST_F(SimpleMapiTest, NoButtonStartsASecondSendInsideACallOfTheMailClient) {
     EXPECT_TRUE(socket.servers.empty());
 }
 
-TEST_F(SimpleMapiTest, WithoutAMailClientThatSomebodyHasChosenOrTheSystemsCallsThereIsNone) {
+TEST_F(SimpleMapiTest, WithoutAMailClientNoMailSystemIsFound) {
     // MAPI32.DLL looks for the recording mail client once, when it is loaded.
     deliver();
     recorded();

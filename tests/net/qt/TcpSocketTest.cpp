@@ -9,8 +9,8 @@
 #ifndef _WIN32
 #include <dlfcn.h>
 
-// A name of the tests' own, whatever name server the machine has, with two addresses, at the first
-// of which nobody listens.
+// Resolves a name that only the tests know, without a name server, to two addresses. Nothing
+// listens at the first one.
 extern "C" int getaddrinfo(const char* name, const char* service, const addrinfo* hints,
                            addrinfo** found) {
     static const auto system =
@@ -30,7 +30,7 @@ extern "C" int getaddrinfo(const char* name, const char* service, const addrinfo
 
 namespace turnpost::automation {
 
-// A socket, what it reports, and a server with one answer.
+// A socket, a record of its events, and a server with one answer.
 class TcpSockets : public testing::Test, public SocketEvents {
   protected:
     using Log = std::vector<std::string>;
@@ -62,7 +62,7 @@ class TcpSockets : public testing::Test, public SocketEvents {
     Log log;
 };
 
-TEST_F(TcpSockets, AFailedConnectionCarriesItsNumberAndEveryAddressOfANameIsTried) {
+TEST_F(TcpSockets, ConnectTriesEachAddressThenReportsTheError) {
     const auto expectError = [this](const char* host, std::uint16_t port, const auto& text) {
         socket.Connect(host, port);
         EXPECT_TRUE(log.empty()) << "from inside Connect";
@@ -79,7 +79,7 @@ TEST_F(TcpSockets, AFailedConnectionCarriesItsNumberAndEveryAddressOfANameIsTrie
     socket.Connect("two.example", server.port());
     EXPECT_TRUE(logged(1));
     EXPECT_EQ(log, Log{answer.bytes});
-    // They take minutes to happen, or what tests can't do.
+    // Tests cannot cause these errors, or only in minutes.
     for (const auto& [error, number] :
          {std::pair(ETIMEDOUT, 10060), {EHOSTUNREACH, 10065}, {EMFILE, 10024}, {EIO, 10050}}) {
         EXPECT_EQ(winsockNumber(error), number);
@@ -87,14 +87,14 @@ TEST_F(TcpSockets, AFailedConnectionCarriesItsNumberAndEveryAddressOfANameIsTrie
 #endif
 }
 
-TEST_F(TcpSockets, WhatTheServerSaidComesBeforeItsResetAndNeitherFromInsideACall) {
+TEST_F(TcpSockets, DataArrivesBeforeTheResetThatFollowsIt) {
     const std::string reset = failure(10054, "Connection reset by peer");
     answer.then = Answer::Then::Reset;
     connect();
     EXPECT_TRUE(logged(2));
     EXPECT_EQ(log, (Log{answer.bytes, reset}));
     answer.then = Answer::Then::Continue;
-    // What the server has not read makes its close a reset; else what comes after does.
+    // Unread data makes the server's close a reset; if all was read, data sent later does.
     for (const char* unread : {"HELO", ""}) {
         log.clear();
         connect();
@@ -109,13 +109,13 @@ TEST_F(TcpSockets, WhatTheServerSaidComesBeforeItsResetAndNeitherFromInsideACall
     }
 }
 
-TEST_F(TcpSockets, TheServersCloseEndsItsOwnConnectionAndNotTheNext) {
+TEST_F(TcpSockets, ServersCloseLeavesTheNextConnectionOpen) {
     for (size_t connection = 1; connection <= 2; ++connection) {
         answer = {"220 ready\r\n"};
         connect();
         EXPECT_TRUE(logged(2 * connection - 1));
         EXPECT_TRUE(socket.isOpen());
-        // Without it each small mail waits 40 ms for a delayed acknowledgement.
+        // Without TCP_NODELAY each small mail waits 40 ms for a delayed acknowledgement.
         int atOnce = 0;
         socklen_t size = sizeof atOnce;
         getsockopt(static_cast<SocketHandle>(socket.findChild<QSocketNotifier*>()->socket()),
@@ -132,11 +132,11 @@ TEST_F(TcpSockets, TheServersCloseEndsItsOwnConnectionAndNotTheNext) {
     EXPECT_EQ(log.size(), 4);
 }
 
-TEST_F(TcpSockets, NothingOfAnOldConnectionReachesTheNewOne) {
+TEST_F(TcpSockets, OldConnectionsNeverReachTheNewOne) {
     answer = {"", Answer::Then::Continue, "220 old\r\n"};
     connect();
     ASSERT_TRUE(waitUntil([&] { return !server.conversations().empty(); }));
-    // Its data is there, and its event on the way, when the next connection is asked for.
+    // The old data has arrived and its event is queued when the next connection begins.
     QObject::connect(socket.findChild<QSocketNotifier*>(), &QSocketNotifier::activated, &socket,
                      [&] {
                          answer = {"220 new\r\n"};

@@ -35,7 +35,7 @@ class MainWindow : public WindowTest {
     }
 };
 
-TEST_F(MainWindow, FindGameShowsTheRowsOfItsPlayersAndTypingReachesTheModelAtOnce) {
+TEST_F(MainWindow, FindGameShowsItsRowsAndTypingReachesTheModel) {
     EXPECT_EQ(host().textOf("txtGamePath").toStdString(), folder.path(""));
     EXPECT_EQ(findControl<QLineEdit>(window(), "txtGamePath")->cursorPosition(), 0);
     EXPECT_EQ(findControl<QLabel>(window(), "txtYear")->text(), "2405");
@@ -71,7 +71,7 @@ TEST_F(MainWindow, FindGameShowsTheRowsOfItsPlayersAndTypingReachesTheModelAtOnc
     EXPECT_EQ(boxBy("mnuSave"), "No game details entered");
 }
 
-TEST_F(MainWindow, AnAddressIsPastedWithoutWhatNobodySeesAndAFilesIsKept) {
+TEST_F(MainWindow, OnlyPastedAddressesLoseInvisibleCharacters) {
     const std::string address = "\u200Bp1@example.net";
     QApplication::clipboard()->setText(QString::fromStdString(address));
     for (const char* control : {"PlayerName", "PlayerEmail", "AltEmail"}) {
@@ -85,7 +85,7 @@ TEST_F(MainWindow, AnAddressIsPastedWithoutWhatNobodySeesAndAFilesIsKept) {
     EXPECT_EQ(game().rows[1].PlayerEmail, address);
 }
 
-TEST_F(MainWindow, EveryMousePressOnASelectionCountsInShownRowsAndTheKeyboardDoesNothing) {
+TEST_F(MainWindow, SelectionActsOnEveryMousePressNotOnKeys) {
     auto* all = findControl<QRadioButton>(window(), "PlaySel(0)");
     auto* none = findControl<QRadioButton>(window(), "PlaySel(1)");
     auto* invert = findControl<QRadioButton>(window(), "PlaySel(2)");
@@ -97,7 +97,7 @@ TEST_F(MainWindow, EveryMousePressOnASelectionCountsInShownRowsAndTheKeyboardDoe
     QTest::mousePress(invert, Qt::RightButton);
     EXPECT_EQ(ticks(), (std::vector<int>{1, 1, 1, 2}));
     clickTick(1);
-    // Through the window, which turns the second press into what a real double-click sends.
+    // Sent to the window, so that Qt makes a double-click event of the second press.
     QTest::mouseDClick(window().windowHandle(), Qt::LeftButton, {},
                        invert->mapTo(&window(), QPoint(10, 10)));
     EXPECT_EQ(ticks(), (std::vector<int>{1, 0, 1, 2})) << "a double-click is two presses";

@@ -8,8 +8,8 @@
 
 namespace turnpost::automation {
 
-// All 16 players, who get no files, and a server that takes everything. `meanwhile` is what the
-// host does when the server has received this line of this connection.
+// All 16 players, who get no files, and a server that accepts everything. `meanwhile` is what the
+// host does when the server has received a given line on a given connection.
 class Addresses : public WindowTest {
   protected:
     Addresses() {
@@ -32,7 +32,7 @@ class Addresses : public WindowTest {
         host().watcher().takeTexts();
     }
 
-    // What the server received in place of each address, in order.
+    // What the server received as the address of each row, in order.
     std::vector<std::string> recipients() const {
         std::vector<std::string> received;
         for (const auto& conversation : server.conversations()) {
@@ -52,8 +52,8 @@ class Addresses : public WindowTest {
     }};
 };
 
-// On each code page that the tests run with.
-TEST_F(Addresses, TheServerGetsEachAddressAsItStandsInItsBoxOrNone) {
+// Must hold on each code page that the tests run with.
+TEST_F(Addresses, AddressesGoOutAsShownOrNotAtAll) {
     const std::array<char32_t, rowCount> characters = {
         '?',  0xE9,    0x20AC, 0x142,  0x436, 0x3A9,  0x3042, 0x6F22,
         0xA5, 0x1F600, 0x301,  0x200B, 0xAD,  0xFEFF, 0xA0,   0xFF1F};
@@ -84,7 +84,7 @@ TEST_F(Addresses, TheServerGetsEachAddressAsItStandsInItsBoxOrNone) {
 #endif
 }
 
-TEST_F(Addresses, WhatTheHostTypesDuringASendIsCheckedBeforeItGoesOutAndTheNextRowFollows) {
+TEST_F(Addresses, AddressesTypedDuringASendAreChecked) {
     meanwhile = [this](Point point, int connection) {
         if (point == Point::Mail && connection == 0) {
             addressOf(0) = "\u200Bp1@example.org";

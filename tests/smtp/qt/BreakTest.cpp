@@ -5,8 +5,8 @@
 
 namespace turnpost::automation {
 
-// Four players; the server refuses the first in words that look like markup and hangs up on the
-// second.
+// Four players. The server refuses the first in words that look like markup, and resets the
+// connection of the second.
 class Breaks : public WindowTest {
   protected:
     Breaks() { host().startGame(server.address(), {{1, 44}, {2, 44}, {4, 44}, {16, 44}}); }
@@ -18,7 +18,7 @@ class Breaks : public WindowTest {
         ASSERT_TRUE(waitUntil([this] { return host().watcher().done(); }));
     }
 
-    // What a host and a screen reader find at the number and at the tick of a row.
+    // The tooltip and the accessible description at the number and at the tick of a row.
     std::string at(int row) {
         std::string found;
         for (const char* control : {"PlayNum(%1)", "IncludePlayer(%1)"}) {
@@ -44,7 +44,7 @@ class Breaks : public WindowTest {
     }};
 };
 
-TEST_F(Breaks, EachRowSaysWhatItGotUntilTheNextSendOrGame) {
+TEST_F(Breaks, TooltipsSayWhatEachRowGot) {
     const auto open = [this](const char* opener, const char* file) {
         return [this, opener, file] {
             host().expectPicker(file);

@@ -17,10 +17,10 @@ namespace {
 using enum Answer::Then;
 
 constexpr std::array<int, 3> players = {1, 8, 16};
-// A message of this file does not fit the system's buffers, so that the server can answer when it
-// has some bytes of it.
+// A message with this file does not fit into the system's buffers, so that the server can answer
+// before it has received all of it.
 #ifdef _WIN32
-constexpr size_t largeFile = 6000000; // The server's own buffer can't be kept small there.
+constexpr size_t largeFile = 6000000; // The server's buffer cannot be kept small on Windows.
 #else
 constexpr size_t largeFile = 300000;
 #endif
@@ -34,12 +34,12 @@ const std::string resetWords = socketErrorText(10054);
 const std::string resetWords = "Connection reset by peer";
 #endif
 
-// What a server does at one point instead of its good answer, and what must come of it.
+// What a server does at one point in place of its good answer, and what must follow.
 struct Fault {
     std::string name;
     Answer answer;
-    // Of the row in the report. None when the send ends without a report: by a reset, with a box
-    // that says so, or by waiting for more.
+    // The row's line in the report. None if there is no report: the send waits for more, or ends
+    // with a box after a reset.
     std::string line = {};
     bool delivered = false;
     Point point = Point::Greeting;
@@ -49,7 +49,7 @@ std::vector<Fault> faultsAt(Point point) {
     const bool inMessage = point == Point::InMessage;
     const std::string good = inMessage ? "250 early\r\n" : goodAnswer(point).bytes;
     const std::string code = good.substr(0, 3);
-    // More than one arrival of data: the second one answers the next part.
+    // More than one arrival of data, so that the second arrival answers the next part.
     const std::string more(1 << 18, 'x');
     std::vector<Fault> faults = {
         {"reset", {"", Reset}},
@@ -77,7 +77,8 @@ std::vector<Fault> faultsAt(Point point) {
     for (Fault& fault : faults) {
         fault.point = point;
         if (inMessage && fault.answer.then == Continue) {
-            // A server that reads on may have all of the message before the client sees the answer.
+            // If the server reads on, it may have the whole message before the client sees the
+            // answer.
             fault.answer.then = Pause;
         }
         if (point == Point::Quit) {
@@ -88,7 +89,7 @@ std::vector<Fault> faultsAt(Point point) {
     return faults;
 }
 
-// How much of a long reply arrives at once is the system's affair.
+// The system decides how much of a long reply arrives at once.
 std::string withoutRuns(std::string text) {
     const auto twice = [](char a, char b) { return a == 'x' && b == 'x'; };
     text.erase(std::unique(text.begin(), text.end(), twice), text.end());
@@ -97,8 +98,8 @@ std::string withoutRuns(std::string text) {
 
 } // namespace
 
-// Three players, and a server that answers well but for one point of one connection. A send ends
-// with the window that says so, or waits when the next one begins.
+// Three players, and a server that fails at one point of one connection only. A send ends with a
+// report or a box, or still waits when the next one begins.
 class Faults : public WindowTest {
   protected:
     using Texts = std::vector<std::string>;
@@ -187,7 +188,7 @@ class Faults : public WindowTest {
     }};
 };
 
-TEST_F(Faults, EveryRowGetsItsLineTheNextSendWorksAndNothingIsLeftBehind) {
+TEST_F(Faults, ServerFaultsAreReportedAndTheNextSendWorks) {
     const Fault none{"none", goodAnswer(Point::Greeting), sentOk, true};
     send(none, 0);
     const size_t descriptors = openDescriptors();

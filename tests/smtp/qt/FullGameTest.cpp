@@ -15,20 +15,20 @@ namespace {
 constexpr int players = 16;
 constexpr int filesOfPlayer = 5;
 constexpr int filesOfRound = players + filesOfPlayer - 1;
-// Seven with every file length from 0 to 139 bytes, and one with long files.
+// Seven rounds with every file length from 0 to 139 bytes, and one with long files.
 constexpr int rounds = 8;
 static_assert((rounds - 1) * filesOfRound == 140);
 
 constexpr int runTimeout = 60000; // milliseconds
 
-// Of the turn files, the universe file and the extra files 1 to 3.
+// File lengths: the turn files, the universe file, the extra files 1 to 3.
 std::string nameOf(int file) {
     return file < players    ? "GAME.M" + std::to_string(file + 1)
            : file == players ? "GAME.XY"
                              : "extra " + std::to_string(file - players) + ".dat";
 }
 
-// Each file of all rounds has bytes of its own, so that no two can be taken for each other.
+// No two files of all rounds have the same bytes, so that a mix-up is noticed.
 std::string bytesOf(int round, int file) {
     const int number = round * filesOfRound + file;
     // 100,035 bytes fill the last line.
@@ -38,7 +38,7 @@ std::string bytesOf(int round, int file) {
     return sampleBytes(static_cast<size_t>(length), number);
 }
 
-// Lines that start with periods change on their way and have to come back.
+// Lines that start with periods are changed for sending and must arrive unchanged.
 std::string textFor(const std::string& player, const std::string& first, const std::string& game,
                     const std::string& year) {
     return "Hello " + first + ",\n\n.\n..\n.hidden orders of " + game + " in " + year +
@@ -47,9 +47,9 @@ std::string textFor(const std::string& player, const std::string& first, const s
 
 } // namespace
 
-// A host who sends rounds of a game with all 16 players and five files for each of them, and opens
-// every dialog between them. TURNPOST_SENDS is how often all players are served; TURNPOST_REFUSAL
-// is what a server says that takes no mail from us.
+// A host who sends rounds of a game with 16 players and five files for each of them, and opens
+// every dialog between the rounds. TURNPOST_SENDS is the number of rounds. TURNPOST_REFUSAL is the
+// answer of a server that takes no mail from this program.
 class FullGame : public WindowTest {
   protected:
     FullGame() {
@@ -63,7 +63,7 @@ class FullGame : public WindowTest {
             host().type(QString("PlayerName(%1)").arg(row),
                         QString("Captain%1 Of Many").arg(row + 1));
         }
-        // Named in the message only: nothing may arrive there.
+        // Only named in the message: no mail may arrive there.
         host().type("AltEmail(3)", "p4-alternate@example.org");
         auto& app = host().desktop().app();
         app.storeMessage({"Turn <<GY>> of <<GN>> for player <<PN>>",
@@ -131,7 +131,7 @@ class FullGame : public WindowTest {
         }
     }
 
-    // By the system's own decoder, where there is one.
+    // Decoded by the system's own decoder where there is one.
     static void expectFiles(const std::string& blocks, int round, int player) {
         const TempFolder files;
         files.write("blocks", blocks);
@@ -158,11 +158,11 @@ class FullGame : public WindowTest {
     // A server's words keep their line end.
     const std::string line = refusal.empty() ? "Email sent OK" : "SMTP Error: " + refusal + "\n";
     MailServer server;
-    // Blocks of a player in a round; they need no decoding again.
+    // Blocks that were decoded once need no decoding in later rounds.
     std::set<std::string> decoded;
 };
 
-TEST_F(FullGame, EveryPlayerGetsTheirOwnFilesUnchangedAndNothingIsLeftBehind) {
+TEST_F(FullGame, EveryPlayerGetsTheirOwnFilesUnchanged) {
     const int sends = qEnvironmentVariable("TURNPOST_SENDS", "8").toInt();
     std::vector<size_t> heap;
     std::vector<size_t> descriptors;
@@ -172,15 +172,15 @@ TEST_F(FullGame, EveryPlayerGetsTheirOwnFilesUnchangedAndNothingIsLeftBehind) {
         openEveryDialog();
         send(done % rounds);
         ASSERT_FALSE(HasFailure());
-        // The first game fills the caches; the same round leaves the same behind.
+        // The first game fills the caches; after that, the same round must not use more.
         if (done > rounds && done % rounds == 0) {
             heap.push_back(heapBytes());
             descriptors.push_back(openDescriptors());
         }
     }
-    // The toolkit caches glyphs and icons, and drops them as it likes.
+    // Qt caches glyphs and icons, and drops them at times of its own.
     expectFlat("heap", heap, 16 << 10);
-    // Each thread of the toolkit holds one; it starts and ends them as it likes.
+    // Each thread of Qt holds one, and Qt starts and ends threads at times of its own.
     expectFlat("descriptors", descriptors, 2);
     std::cout << "Full game: " << sends << " sends, " << sends * served << " mails with "
               << sends * served * filesOfPlayer << " files as due; report: " << line << '\n';

@@ -7,7 +7,7 @@
 
 namespace turnpost::automation {
 
-TEST(SendingReport, AMegabyteWithoutABlankHidesNoLineBehindItAndDoesNotHoldTheWindowUp) {
+TEST(SendingReport, MegabyteWithoutBlanksShowsQuicklyAndHidesNothing) {
     SendReport report = {"SMTP Error: 5" + std::string(1 << 20, '\0')};
     report[15] = "Email sent OK";
     ModalWatcher watcher;
