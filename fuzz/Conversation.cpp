@@ -86,7 +86,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
         if (step == 6) {
             require(report.at(row) ==
                         (accepted(reply) ? "Email sent OK" : "SMTP Error: " + fromWireBytes(reply)),
-                    "a row's line says what came of it");
+                    "a row's line says what happened to it");
             row += 3;
             step = 0;
             told.clear();
@@ -94,6 +94,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     }
     require(screen.boxes == boxes, "a box for a broken connection and nothing else");
     require(screen.reports == (row >= rowCount ? 1 : 0), "one report, at the end");
-    require(line.isOpen() == (boxes.empty() && row < rowCount), "connected while a row is on");
+    require(line.isOpen() == (boxes.empty() && row < rowCount), "connected during each row");
     return 0;
 }

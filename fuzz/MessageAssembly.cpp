@@ -67,7 +67,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
             "the header's lines are the fields in order");
     const std::string body = toWireBytes(withCrLf(state.PlayerBody)) + "\r\n\r\n";
     require(text.substr(bodyStart) == body + toWireBytes(block) + "\r\n",
-            "body and blocks arrive as they were");
+            "body and blocks arrive unchanged");
     const auto files = automation::decodeUuBlocks(block);
     require(files && files->size() == 1 && files->at(0).name == oneLine(fileName) &&
                 files->at(0).bytes == fileBytes,

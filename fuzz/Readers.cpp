@@ -30,16 +30,16 @@ void checkCodePages(const std::string& bytes) {
     const std::string text = fromWindows1252(bytes);
     require(toWindows1252(text) == bytes, "every byte of the code page survives a round trip");
     const auto expected = converted(bytes, "WINDOWS-1252", "UTF-8");
-    require(!expected || text == *expected, "bytes are the characters that the system knows");
+    require(!expected || text == *expected, "the system agrees on the characters");
     std::string again;
     size_t points = 0;
     for (size_t position = 0; position < bytes.size(); ++points) {
         appendUtf8(again, nextCodePoint(bytes, position));
     }
     require(isUtf8(bytes) == converted(bytes, "UTF-8", "UTF-32LE").has_value(),
-            "UTF-8 is what the system takes for it");
-    require((again == bytes) == isUtf8(bytes), "only what is no UTF-8 changes");
-    require(toWindows1252(bytes).size() == points, "one byte a character, none lost");
+            "the system agrees on what is UTF-8");
+    require((again == bytes) == isUtf8(bytes), "only invalid UTF-8 changes");
+    require(toWindows1252(bytes).size() == points, "one byte per character, none lost");
     for (const std::string& good : {text, again, fromFileBytes(bytes), fromWireBytes(bytes)}) {
         require(isUtf8(good), "any bytes become well-formed text");
     }
@@ -80,8 +80,8 @@ void checkReadBack(const std::string& file, const std::string& empty, const std:
     const bool rows = mayHoldRows(body);
     require(damaged || !nul, "a NUL is damage");
     require(equal || nul || quotes || bodyQuotes, "without double quotes everything comes back");
-    require(equal || nul || quotes || breaks || rows, "any body comes back that holds no row");
-    require(equal || damaged || breaks || rows, "no text of a box comes back wrong in silence");
+    require(equal || nul || quotes || breaks || rows, "any body without a row comes back");
+    require(equal || damaged || breaks || rows, "no wrong text of a box comes back unreported");
 }
 
 void checkSettings(const Settings& settings) {
@@ -90,7 +90,7 @@ void checkSettings(const Settings& settings) {
     const bool equal = !damaged && read == settings;
     checkReadBack(file, printSettings({}), {}, equal, damaged);
     require(equal || !survivesRoundTrip(settings),
-            "what will not come back is known when it is saved");
+            "texts that will not come back are reported when saved");
 }
 
 void checkGame(const GameDetails& game, const MessageTemplate& message) {
@@ -99,7 +99,7 @@ void checkGame(const GameDetails& game, const MessageTemplate& message) {
     const bool equal = !damage && read.game == game && read.message == message;
     checkReadBack(file, printGameDetails({}, {}), message.MessageBody, equal, damage.has_value());
     require(equal || !survivesRoundTrip(game, message),
-            "what will not come back is known when it is saved");
+            "texts that will not come back are reported when saved");
 }
 
 // Takes the input as the bytes of a file that the host opens and saves again.

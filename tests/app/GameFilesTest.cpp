@@ -53,7 +53,7 @@ TEST_F(GameFiles, DefaultGameLoadsAtStartWithoutAPicker) {
         EXPECT_EQ(windows.shown.back(), "main window");
         application.newGame();
         open(host, "GAME.NTP");
-        EXPECT_EQ(loaded(), saved) << "only the start needs no picker";
+        EXPECT_EQ(loaded(), saved) << "the picker is needed again after the start";
     }
 }
 

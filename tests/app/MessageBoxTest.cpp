@@ -118,7 +118,7 @@ TEST_F(MessageBoxes, BadSettingsAreReportedAndTheProgramRunsOn) {
     expectBoxes(start, {"Cannot read " + ini + "\r\nIt is a folder, not a file"});
     EXPECT_EQ(windows.shown.back(), "main window");
     expectBoxes(store("Host"), {"Cannot write " + ini + "\r\nIt is a folder, not a file"});
-    EXPECT_EQ(values.settings.HostName, "Host") << "the values stay for the run";
+    EXPECT_EQ(values.settings.HostName, "Host") << "the values stay until the end of the program";
 }
 
 } // namespace turnpost

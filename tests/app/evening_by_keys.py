@@ -98,7 +98,7 @@ def go_to(name, *keys):
         if now == [name]:
             return keys and press(*keys)
         press("Tab")
-        now = until(lambda: [name for name in focus() if name not in now], f"focus behind {now}")
+        now = until(lambda: [name for name in focus() if name not in now], f"focus after {now}")
     raise AssertionError(f"Tab does not reach {name}")
 
 

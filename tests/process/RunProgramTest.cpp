@@ -78,7 +78,7 @@ TEST_F(RunProgram, BackgroundChildrenRunOnUnhindered) {
                     "printf '%0200000d' 0 >&2; echo alive >done; } <go & exit 4"),
               Kind::Exited, 4);
     EXPECT_EQ(write(go.get(), "\n", 1), 1);
-    EXPECT_EQ(poll(&alive, 1, 10000), 1) << "it was ended or is held up";
+    EXPECT_EQ(poll(&alive, 1, 10000), 1) << "it was killed or is blocked";
 }
 
 TEST_F(RunProgram, ExitStatusIsKnownWhenSigchldIsIgnored) {

@@ -107,7 +107,7 @@ TEST_F(SendDrivers, BrokenSendTellsWhatEachRowGot) {
     expected.fill("Not reached");
     expected[0] = "SMTP Error: 550 mailbox full\r\n";
     expected[1] = "Broke off here: may or may not have arrived";
-    EXPECT_EQ(display.rowsAfterBreak, expected) << "nothing of the send before";
+    EXPECT_EQ(display.rowsAfterBreak, expected) << "no line of the send before";
     EXPECT_EQ(report[15], "Player Skipped") << "the report stays as it is";
     settings.SmtpServer = "";
     driver.butSend_Click();

@@ -53,8 +53,8 @@ TEST_F(GameDetailsFiles, HaveTheExpectedLinesInFixedOrder) {
 
 TEST_F(GameDetailsFiles, AcceptLooselyWrittenFlagsAndEmptyTexts) {
     std::string text = print();
-    for (const char* behind : {"\x1A", "x", "\"x\"\r\n", "1,1,\"a\",\"b\",\"c\",\"d\"\r\n"}) {
-        expectReads(text + behind);
+    for (const char* trailing : {"\x1A", "x", "\"x\"\r\n", "1,1,\"a\",\"b\",\"c\",\"d\"\r\n"}) {
+        expectReads(text + trailing);
     }
     expectReads(text.replace(text.rfind("0,0"), std::string::npos, "0,0,,,,\r\n"));
     expectReads(text.replace(text.find("1,1"), 3, "+1,1 "));

@@ -39,8 +39,8 @@ TEST_F(SettingsText, HasEightLinesInFixedOrder) {
                            "\"Spring, Cup\",\"C:\\Cup\\CUP.NTP\"\r\n\" - Empty - \",\"\"\r\n"
                            "\" - Empty - \",\"\"\r\n\" - Empty - \",\"\"\r\n\"C:\\C.NTP\"\r\n";
     EXPECT_EQ(printSettings(sample), expected);
-    for (const char* behind : {"\x1A", "x", "\"x\"\r\n"}) {
-        expectReads(expected + behind);
+    for (const char* trailing : {"\x1A", "x", "\"x\"\r\n"}) {
+        expectReads(expected + trailing);
     }
     std::erase(expected, '\r');
     expectReads(expected);
@@ -59,8 +59,8 @@ TEST_F(SettingsText, CutAtAnyByteKeepsOnlyWholeLines) {
     for (size_t length = 0, lines = 0; length < text.size() - 2; ++length) {
         const std::string cut = text.substr(0, length);
         lines += cut.ends_with("\r\n") ? 1 : 0;
-        for (const std::string& behind : {std::string(), std::string("\x1A"), '\0' + text}) {
-            expectReads(cut + behind, lines);
+        for (const std::string& trailing : {std::string(), std::string("\x1A"), '\0' + text}) {
+            expectReads(cut + trailing, lines);
         }
     }
     expectReads(text.substr(0, text.size() - 2));

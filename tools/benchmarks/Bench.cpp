@@ -97,7 +97,8 @@ void measure(const std::string& folder, const std::string& program, const std::s
         forEachFile([&folder](const PlayerSlot& player) { UUEncode(folder + player.GameFile); });
     const std::uint16_t sink = startSink();
     const std::string turnpost = installed(program, game);
-    std::puts("| 16 files of 100 KiB | Nimbus Turnpost | compared with | ratio |\n|---|---|---|---|");
+    std::puts(
+        "| 16 files of 100 KiB | Nimbus Turnpost | compared with | ratio |\n|---|---|---|---|");
     compare("encoding, in memory", encoding, "base64 of the toolkit", base64);
     compare("from file to wire", timed([&] { sendToNobody(game); }), "reading and encoding only",
             encodingFiles);

@@ -144,7 +144,7 @@ TEST_F(Picker, UnusableNamesAreGreyedWithTheReason) {
         QTest::mouseDClick(files->viewport(), Qt::LeftButton, {}, place);
         EXPECT_TRUE(!canLoad(form) && form.isVisible());
         QTest::keyClick(files, Qt::Key_Down);
-        EXPECT_EQ(files->currentIndex(), lineAt(files, 1)) << "keys pass it by";
+        EXPECT_EQ(files->currentIndex(), lineAt(files, 1)) << "keys skip it";
         QTest::keyClick(files, Qt::Key_Home);
         QTest::keyClick(files, Qt::Key_Up);
         EXPECT_EQ(files->currentIndex(), lineAt(files, 1));
