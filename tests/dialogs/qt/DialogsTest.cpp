@@ -96,6 +96,8 @@ TEST_F(Dialogs, OnlyOkStoresEmailSettings) {
             QTest::keySequence(findControl<QWidget>(form, box), QKeySequence::Paste);
         }
         EXPECT_EQ(shownBy(form), "  Bob \"The Host\" Smith\u200B|bob@example.org| mail:2525 ");
+        // Most code pages could not store it.
+        QTest::keyClick(findControl<QWidget>(form, "txtHostName"), Qt::Key_Backspace);
         QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);

@@ -95,6 +95,9 @@ TEST_F(Addresses, AddressesTypedDuringASendAreChecked) {
                                                       server.address());
         }
     };
+    if (toFileBytes("\uFEFF") == "?") {
+        host().watcher().expectMessage(); // The settings cannot be read back.
+    }
     send();
     const std::string theirs = "The address cannot be sent: character ";
     const std::string own = "Your own address cannot be sent: character 5 is invisible (U+FEFF)";

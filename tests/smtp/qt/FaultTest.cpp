@@ -5,6 +5,7 @@
 #include "net/SystemSocket.h"
 #include "support/Resources.h"
 #include "support/WindowTest.h"
+#include "text/CodePage.h"
 
 #include <algorithm>
 #include <cmath>
@@ -61,7 +62,7 @@ std::vector<Fault> faultsAt(Point point) {
          true},
         {"NUL and no UTF-8",
          {std::string("\0g\r\n\xa9 rest\r\n", 12)},
-         refused + std::string("\0g\r\n\u00a9 rest\r\n", 13)},
+         refused + std::string("\0g\r\n", 4) + fromSystemBytes("\xa9") + " rest\r\n"},
         {"byte by byte",
          {good.substr(0, 1), Continue, good.substr(1)},
          refused + good.substr(0, 1)},
