@@ -22,9 +22,9 @@ struct ProgramFolders {
     std::string configuration;
 };
 
-/// Every command of the program. A command checks its conditions first; if it refuses with a
-/// message box, nothing has changed. A box about what went wrong later, such as a file that cannot
-/// be written, says so.
+/// Every command of the program. A command checks its conditions first; if one is not met, it shows
+/// a message box and leaves the game as it is. A failure after that, such as a file that cannot be
+/// written, is shown in a message box too; by then values may have changed.
 class Application final : public MainCommands {
   public:
     using MailSystemMaker = std::function<MailSystem(const Settings&)>;
@@ -36,8 +36,8 @@ class Application final : public MainCommands {
     const SharedValues& values() const { return shared_; }
     const ProgramFolders& folders() const { return ownFolders_; }
 
-    /// Brings the program into its start state, asks for the e-mail settings on a first run, and
-    /// shows the main window.
+    /// Brings the program into its start state, asks for the e-mail settings on a first run, loads
+    /// the default game, and shows the main window.
     void startUp();
 
     // See MainCommands.
@@ -59,7 +59,7 @@ class Application final : public MainCommands {
     void showAbout() override { windows_.openAbout(); }
     void shutDown() override { driver_.abandon(); }
 
-    // What the dialogs hand back at their OK.
+    // What the dialogs give back when OK is pressed.
     void storeEmailSettings(const std::string& hostName, const std::string& hostEmail,
                             const std::string& smtpServer);
     void storeMessage(const MessageTemplate& message) { shared_.message = message; }
@@ -69,10 +69,10 @@ class Application final : public MainCommands {
     /// What the "Store" button puts into a slot.
     StoredGame currentGameToStore() const;
 
-    /// Asks for a file to send as an extra attachment: its full path, empty when there is none.
+    /// Asks for a file to send as an extra attachment: its full path, or empty when none is chosen.
     std::string pickExtraAttachment();
 
-    // What the file picker hands back.
+    // What the file picker gives back.
     void pickFile(const std::string& folder, const std::string& file, bool asDefaultGame);
     void cancelPicker() { shared_.picker.PickerCancelled = 1; }
 

@@ -46,13 +46,13 @@ struct MapiMessageW {
     MapiFileDescW* lpFiles;
 };
 
-/// Simple MAPI's calls, loaded at run time: a system need not have them. Messages go through
-/// MAPISendMailW alone: the program's windows need Windows 10, and Windows has that call since 8;
-/// for a mail client that takes bytes only, the system converts the message.
+/// Simple MAPI's calls, loaded at run time because a system need not have them. Messages only go
+/// through MAPISendMailW: Windows has it since version 8, and the program needs Windows 10. For a
+/// mail client that only takes bytes, Windows converts the message.
 class SimpleMapi {
   public:
-    /// `libraryFile` is a name in the system's folder, or a full path. It is loaded at the first
-    /// logon and then stays, since mail clients leave threads of their own in it.
+    /// `libraryName` is a name in the system's folder, or a full path. The library is loaded at the
+    /// first logon and never unloaded, because mail clients leave threads of their own in it.
     explicit SimpleMapi(std::wstring libraryName = L"MAPI32.DLL")
         : libraryName_(std::move(libraryName)) {}
     SimpleMapi(const SimpleMapi&) = delete;
@@ -61,22 +61,22 @@ class SimpleMapi {
     struct Logon {
         /// The session's identifier, counted from 1; 0 for none.
         long session = 0;
-        /// The MAPI_E code with which the mail client has refused; nothing when there is none: no
-        /// mail client is set up, or the library_ or one of its calls is missing.
+        /// The MAPI_E code with which the mail client refused. Nothing after a success, and when
+        /// there is no mail client: none is set up, or the library or one of its calls is missing.
         std::optional<ULONG> refusal;
     };
 
-    /// Opens a session; profile_ and password_ are UTF-8.
+    /// Opens a session; profile and password are UTF-8.
     Logon logon(const std::string& profile, const std::string& password, FLAGS flags);
 
     /// Closes the session; does nothing when it is not open.
     void logoff(long session);
 
-    /// Submits the message without a dialog. Gives SUCCESS_SUCCESS or a MAPI_E code, that of an
-    /// invalid session when the session is not open.
+    /// Submits the message without a dialog. Returns SUCCESS_SUCCESS or a MAPI_E code;
+    /// MAPI_E_INVALID_SESSION when the session is not open.
     ULONG sendMail(long session, MapiMessageW& message) const;
 
-    /// The window that whatever the mail client shows belongs to; 0 for none.
+    /// Native id of the window that owns the mail client's dialogs; 0 for none.
     void setParentWindow(std::uintptr_t window) { parentWindow_ = window; }
 
   private:
@@ -90,7 +90,7 @@ class SimpleMapi {
     LPMAPILOGOFF logoffCall_ = nullptr;
     SendMailW sendMailCall_ = nullptr;
     std::uintptr_t parentWindow_ = 0;
-    // Identifiers are of our own making: a handle may be wider than they are.
+    // Our own ids, because an LHANDLE may be wider than a long.
     std::map<long, LHANDLE> handles_;
     long lastSession_ = 0;
 };

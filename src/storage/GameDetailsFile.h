@@ -10,7 +10,7 @@
 
 namespace turnpost {
 
-/// What a game details file keeps. The year is not in it.
+/// What a game details file holds. The year is not stored.
 struct GameFileContent {
     GameDetails game;
     MessageTemplate message;
@@ -22,43 +22,44 @@ struct GameFileReading {
     std::optional<Refusal> damage;
 };
 
-/// Reads the 101 values of a game details file (UTF-8, line ends CR LF or LF); what follows them is
-/// not read.
+/// Reads the 101 values of a game details file (UTF-8, line ends CR LF or LF); ignores anything
+/// after them.
 ///
-/// Values are read in order (see QuotedValues.h). Without double quotes every text comes back
-/// exactly, commas and line breaks included. Texts that hold double quotes come back by the file's
-/// layout: the first four values stand on lines of their own, the 16 rows on one line each, and all
-/// between is the body. What cannot come back:
-/// - a row's text that holds `","`, or touches a separator with a quote and a comma, gives damage;
-/// - a body with a line that ends in a double quote, followed by lines that are all rows up to its
-///   end, gives damage or is cut there;
-/// - a text of a row or of the first four that holds a line break, in a file where any text holds a
-///   double quote, gives damage, or moves values where no reader could tell. The window's boxes
-///   hold no line breaks;
-/// - a NUL anywhere gives damage: nobody types one, and the system's paths end at it.
-/// survivesRoundTrip() finds such a game before it is trusted to its file.
+/// Values are read in order (see QuotedValues.h). If no text holds a double quote, every text comes
+/// back exactly, with its commas and line breaks. Otherwise the lines of the file decide: the first
+/// four values are on lines of their own, the 16 rows on one line each, and everything between them
+/// is the body. What cannot come back:
+/// - A row's text that holds `","`, or forms it together with a separator, is reported as damage.
+/// - A body with a line that ends in a double quote is cut there or reported as damage, if all its
+///   lines after that look like rows.
+/// - If any text holds a double quote, a line break in a row's text or in one of the first four is
+///   reported as damage or moves values unnoticed. The window's boxes hold no line breaks.
+/// - A NUL is reported as damage: nobody types it, and the system's paths end at it.
+/// Application::saveGame asks survivesRoundTrip() after writing, and warns.
 GameFileReading parseGameDetails(std::string_view text);
 
-/// Reads a file. One above maxOwnFileBytes is damaged. Throws FileError when it cannot be read.
+/// Reads a file. A file larger than maxOwnFileBytes counts as damaged. Throws FileError when it
+/// cannot be read.
 GameFileReading readGameDetails(const std::string& path);
 
 /// The 21 lines of a game details file (UTF-8, CR LF).
 std::string printGameDetails(const GameDetails& game, const MessageTemplate& message);
 
-/// Replaces the game's details file. Throws FileError, also when it would be above
-/// maxOwnFileBytes; the old file is then as it was.
+/// Replaces the game's details file. Throws FileError, also when the new file would be larger than
+/// maxOwnFileBytes; the old file is then unchanged.
 void writeGameDetails(const std::string& path, const GameDetails& game,
                       const MessageTemplate& message);
 
-/// True when the file written for this game is read back with every text as it is now. False for
-/// texts that the format, or the system's code page, cannot keep.
+/// True when the file written for this game gives back every text unchanged. False when the format
+/// or the system's code page cannot keep a text.
 bool survivesRoundTrip(const GameDetails& game, const MessageTemplate& message);
 
-/// Full path of the game's details file: the game's folder and the second row's turn file without
-/// its last three characters, or, when that is shorter, storedGameFile's name.
+/// Full path of the game's details file: the game's folder, the second row's turn file name without
+/// its last three characters, and ".NTP". When that name has fewer than three characters, the path
+/// is that of storedGameFile().
 std::string gameDetailsFile(const GameDetails& game);
 
-/// The same formed from the host file's name without its last four characters.
+/// Full path formed in the same way from the host file's name without its last four characters.
 std::string storedGameFile(const GameDetails& game);
 
 } // namespace turnpost

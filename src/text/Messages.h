@@ -3,15 +3,23 @@
 #include <string>
 #include <string_view>
 
-// Every text of a message box and of the sending report, and nothing else. File names and the words
-// of servers and systems are put in as they are; whoever shows them shows plain text.
+// Every text of a message box and of the sending report. File names and the words of servers and
+// systems are inserted unchanged, so show these texts as plain text.
 namespace turnpost::messages {
 
+<<<<<<< HEAD
 // Message boxes. Of a path or a reason they show at most some 500 characters.
 inline constexpr const char* noServerAddress = "No SMTP server address entered";
 inline constexpr const char* invalidServerAddress = "Invalid SMTP server address";
 inline constexpr const char* invalidGamePath = "Invalid game path";
 /// The host's own address, and what is wrong with it (see below).
+=======
+// Message boxes. They show about 500 characters of a path or reason.
+std::string noServerAddress();
+std::string invalidServerAddress();
+std::string invalidGamePath();
+/// `fault`: see invisibleCharacter.
+>>>>>>> 8a13edb (Put right comments that said something false)
 std::string ownAddressUnsendable(std::string_view fault);
 std::string socketError(int number, std::string_view description);
 std::string cannotRead(std::string_view path, std::string_view reason);
@@ -33,6 +41,7 @@ inline constexpr const char* findGameFirst = "Please find a game";
 inline constexpr const char* saveGameFirst = "Please save game details first";
 
 // What is wrong with a game details file.
+<<<<<<< HEAD
 inline constexpr const char* notWholeGameFile =
     "It is not a game details file, or only part of one";
 inline constexpr const char* severalWaysToRead = "Its double quotes leave several ways to read it";
@@ -58,6 +67,29 @@ inline constexpr const char* nameIsNotUtf8 =
     "This name is not valid UTF-8, so a game file cannot hold it. Rename it to use it here.";
 inline constexpr const char* nameHoldsLineBreak =
     "This name holds a line break, so a game file cannot hold it. Rename it to use it here.";
+=======
+std::string notWholeGameFile();
+std::string severalWaysToRead();
+std::string flagIsNoNumber(int row);
+std::string ownFileTooLarge();
+
+// Why one of the program's own files cannot be written.
+std::string ownFileWouldBeTooLarge();
+std::string ownFileNotUtf8();
+
+// Reasons why a file cannot be read or written.
+std::string isFolder();
+std::string isPipe();
+std::string isDevice();
+std::string nulInPath();
+std::string notOfThisSystem();
+/// For an error for which the system has no words.
+std::string unknownSystemError(int number);
+
+// Why a folder or file is grey in the file picker.
+std::string nameIsNotUtf8();
+std::string nameHoldsLineBreak();
+>>>>>>> 8a13edb (Put right comments that said something false)
 
 // Reasons why a host file gives no year.
 inline constexpr const char* hostFileTooShort =
@@ -65,13 +97,19 @@ inline constexpr const char* hostFileTooShort =
 inline constexpr const char* hostYearTooLarge = "Its game year is above 32767";
 inline constexpr const char* hostFileMissing = "There is no such file";
 
+<<<<<<< HEAD
 // Lines of the sending report. Rows are 0 to 15.
 inline constexpr const char* playerSkipped = "Player Skipped";
 inline constexpr const char* noEmailAddress = "No Email Address for Player";
 /// An address that would go out as another one, and why.
+=======
+// Lines of the sending report. Rows are 0 to 15, entries 0 to 2.
+std::string playerSkipped();
+std::string noEmailAddress();
+>>>>>>> 8a13edb (Put right comments that said something false)
 std::string addressUnsendable(std::string_view fault);
 std::string alternateAddressUnsendable(std::string_view fault);
-/// What is wrong with an address: its character at this place, counted from 1.
+/// The `fault` of an address: its character at this place, counted from 1.
 std::string invisibleCharacter(int place, char32_t code);
 std::string unwritableCharacter(int place, char32_t code);
 std::string turnFileNotFound(int row);
@@ -87,21 +125,27 @@ inline constexpr const char* emailGenerated = "Email Generated OK";
 std::string mapiError(std::string_view words);
 /// Words for an error code of Simple MAPI (1 and up), followed by the code.
 std::string simpleMapiFailure(unsigned long code);
-/// Words for how the sendmail program ended: an exit status of sysexits(3), others by number; a
-/// signal; a program ended after this time; one that could not be started.
+/// How the sendmail program ended: with an exit status (those of sysexits(3) in words), by a
+/// signal, killed after this time, or not even started.
 std::string mailExitStatus(int status);
 std::string mailSignal(int number, std::string_view description);
 std::string mailTimeout(long long seconds);
 std::string cannotStart(std::string_view path, std::string_view reason);
-/// An address that no mail can go to, of a player or of the host.
+/// The text is not exactly one address, or its domain has no ASCII form.
 std::string notOneAddress(std::string_view address);
 std::string hostNotOneAddress(std::string_view address);
 
+<<<<<<< HEAD
 /// Of a row after a send that broke off without a report.
 inline constexpr const char* brokeOffHere = "Broke off here: may or may not have arrived";
 inline constexpr const char* notReached = "Not reached";
+=======
+/// What the main window shows at a row after a send has broken off.
+std::string brokeOffHere();
+std::string notReached();
+>>>>>>> 8a13edb (Put right comments that said something false)
 
-/// What stands before row i's outcome in the report.
+/// The text before a row's line in the report.
 std::string reportPrefix(int row);
 
 } // namespace turnpost::messages
