@@ -7,14 +7,14 @@
 
 namespace turnpost {
 
-/// The windows as the commands know them. Every open… call is modal: it returns when the dialog has
-/// closed.
+/// The windows as the commands see them. Every open... call is modal: it returns when the dialog
+/// has been closed.
 class AppWindows : public SendDisplay, public MessageBox {
   public:
     virtual void setCaption(const std::string& caption) = 0;
 
-    /// Brings every box, label, tick and row of the main window, and the Stored Games captions, in
-    /// step with the shared values.
+    /// Updates every box, label, tick and row of the main window, and the captions of the Stored
+    /// Games menu, from the shared values.
     virtual void showValues() = 0;
 
     virtual void showMainWindow() = 0;

@@ -31,7 +31,7 @@ void Application::findGame() {
     showGame();
 }
 
-// Another game's rows have no part in the send that broke off.
+// The rows may show results of a send that broke off; those belong to the previous game.
 void Application::showGame() {
     windows_.showBreak({});
     windows_.showValues();
@@ -49,8 +49,8 @@ void Application::newGame() {
     showGame();
 }
 
-// Both ways of sending walk the rows with the same cursor. A mail client may run a message loop of
-// its own inside any of its calls, and so let every button be pressed.
+// Both senders share one row cursor. During a delivery any button can be pressed, because a mail
+// client may run its own event loop inside any of its calls.
 void Application::butSend_Click() {
     if (delivery_.isDelivering()) {
         windows_.show(messages::sendInProgress);

@@ -2,8 +2,8 @@
 
 namespace turnpost {
 
-/// A window as the closing animation moves it. All lengths are outer ones (title bar and border
-/// included), in twips.
+/// A window that the closing animation moves and resizes. All lengths are in twips and include
+/// title bar and border.
 class ClosingWindow {
   public:
     virtual ~ClosingWindow() = default;
@@ -19,8 +19,8 @@ class ClosingWindow {
     virtual void runPendingEvents() = 0;
 };
 
-/// Shrinks the window, centred, to a line and then to a dot, as fast as it redraws. Where the
-/// window system does not obey, the number of steps is bounded all the same.
+/// Shrinks the window, centred, to a line and then to a dot, as fast as it redraws. Even where the
+/// window system ignores the requests, the number of steps is bounded.
 void playClosingAnimation(ClosingWindow& window);
 
 } // namespace turnpost

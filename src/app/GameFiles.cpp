@@ -69,12 +69,12 @@ void Application::loadGame(const std::string& path) {
 }
 
 void Application::findLoadedHostFile(GameDetails& game, const std::string& detailsFile) {
-    // A game that has been moved, perhaps from Windows, has its host file beside the details file.
+    // When a game was moved, perhaps from Windows, its host file is in the details file's folder.
     const std::string stored = game.GamePath;
-    const std::string beside = withSeparator(folderOfPath(detailsFile));
+    const std::string detailsFolder = withSeparator(folderOfPath(detailsFile));
     std::string unusable = stored + game.HostFileName;
     std::string reason = messages::hostFileMissing;
-    for (const std::string& folder : {stored, beside}) {
+    for (const std::string& folder : {stored, detailsFolder}) {
         if (!isAbsolutePath(folder) || !findPath(folder + game.HostFileName)) {
             continue;
         }

@@ -8,12 +8,13 @@
 
 namespace turnpost {
 
-/// Why no mail can go to this address as it is shown: words that name the first character at fault
-/// and its place, counted from 1 in the line that the address makes. Nothing when there is none.
+/// Why mail cannot be sent to exactly this address: words that name the first bad character and its
+/// place, counted from 1. Nothing when no character is bad. Line breaks are sent, and counted, as
+/// blanks.
 ///
-/// No transport takes an invisible character: the address looks right and leads elsewhere. SMTP
-/// takes no character without bytes in the wire's code page either: it would go out as "?", which
-/// is another address. Line breaks count as the blanks that they become.
+/// An invisible character is bad for both transports, because the address is not what it looks
+/// like. A character that the code page for SMTP lacks is bad there, because it would be sent as
+/// "?".
 std::optional<Refusal> addressFault(std::string_view address, Transport transport);
 
 } // namespace turnpost

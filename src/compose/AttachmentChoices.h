@@ -6,9 +6,9 @@
 
 namespace turnpost {
 
-/// What goes to every included player besides the text; lasts for the run only.
+/// What every included player gets besides the text. The choices last until the program ends.
 struct AttachmentChoices {
-    /// Flags are on only when they hold exactly 1.
+    /// A flag is on only when it holds exactly 1.
     std::uint8_t SendMFiles = 1;
     std::uint8_t SendXYFile = 0;
     /// Full paths; an empty entry is unused.

@@ -15,7 +15,7 @@ namespace {
 
 struct FoundFile {
     std::string path;
-    std::string unreadable;
+    std::string unreadableText;
 };
 
 class RowRules {
@@ -38,13 +38,13 @@ class RowRules {
 
     void checkGameFile(const std::string& path, const std::string& notFound,
                        const std::string& unreadable) {
-        if (looksFurther()) {
-            // A folder of another system would be looked for wherever the program was started.
+        if (checksMore()) {
+            // A path of another system would be looked for in the current folder.
             checkFile(isAbsolutePath(path) ? path : std::string(), notFound, unreadable);
         }
     }
 
-    // MAPI looks for extra files even for players it has refused.
+    // MAPI checks the extra files even of a player whom it has refused.
     void checkExtraFile(const std::string& path, int entry) {
         if (!path.empty() && (transport_ == Transport::Mapi || !refusedAsPlayer_)) {
             checkFile(path, messages::extraFileNotFound(entry),
@@ -53,18 +53,18 @@ class RowRules {
     }
 
     void checkSize() {
-        if (looksFurther() && foundBytes_ > maxAttachedBytes) {
+        if (checksMore() && foundBytes_ > maxAttachedBytes) {
             refuse(messages::messageTooLong);
         }
     }
 
-    // Up to the first that cannot be read any more.
+    // Stops at the first file that can no longer be read.
     void attachFiles(const AttachFile& attach) {
         for (const FoundFile& file : files_) {
             try {
                 attach(file.path);
             } catch (const FileError&) {
-                refuse(file.unreadable);
+                refuse(file.unreadableText);
                 return;
             }
         }
@@ -85,7 +85,7 @@ class RowRules {
         if (const auto fault = addressFault(row.PlayerEmail, transport_)) {
             refuse(messages::addressUnsendable(fault->words));
         }
-        // SMTP only names the alternate address in the message; no mail goes there.
+        // SMTP only names the alternate address in the message and sends nothing to it.
         if (transport_ == Transport::Mapi) {
             if (const auto fault = addressFault(row.AltEmail, transport_)) {
                 refuse(messages::alternateAddressUnsendable(fault->words));
@@ -93,8 +93,8 @@ class RowRules {
         }
     }
 
-    // SMTP lists everything that is wrong for a player it would write to; MAPI stops at the first.
-    bool looksFurther() const {
+    // SMTP lists every fault of a player whom it would write to; MAPI stops at the first.
+    bool checksMore() const {
         return transport_ == Transport::Smtp ? !refusedAsPlayer_ : !RowRefused;
     }
 

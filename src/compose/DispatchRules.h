@@ -13,7 +13,7 @@
 
 namespace turnpost {
 
-/// What the rules read, as it stands at the moment a row is reached.
+/// What the rules read: references, so that each row uses the values of its own moment.
 struct DispatchInputs {
     const GameDetails& game;
     const MessageTemplate& message;
@@ -26,22 +26,22 @@ struct RowMessage {
     std::string PlayerSubject;
 };
 
-/// What the files of one message may have together, in bytes. Few mail servers take half of it.
+/// Largest total size of one message's files, in bytes. Few mail servers accept even half of it.
 inline constexpr std::uintmax_t maxAttachedBytes = std::uintmax_t{64} << 20;
 
-/// Takes one file of a row that gets a message, in sending order: turn file, universe file, extra
-/// files. Throws FileError when the file cannot be read.
+/// Called for each file of a row that gets a message, in sending order: turn file, universe file,
+/// extra files. Throws FileError when it cannot read the file.
 using AttachFile = std::function<void(const std::string& path)>;
 
 /// The universe file that belongs to a turn file: the folder, then the turn file's name up to its
 /// first ".", then "XY".
 std::string universeFile(const std::string& gamePath, const std::string& gameFile);
 
-/// Decides one row (0 to 15): writes its line of the report, hands every file to `attach`, and
-/// gives the row's texts. Nothing when the row is refused; its line then says every reason that the
-/// transport looks for. No file is attached before all else has been decided: a message of any size
-/// that is refused costs no memory. Files already attached when a later one cannot be read must be
-/// thrown away.
+/// Decides whether a row (0 to 15) gets a message. If so, passes its files to `attach` and returns
+/// its texts. Returns nothing when the row is refused; `ReportLine` then holds every reason that
+/// the transport checks for. Files are attached only after every check has passed, so that a
+/// refused message costs no memory. If one of them can no longer be read, the row is refused;
+/// discard the files attached before it.
 std::optional<RowMessage> applyRowRules(const DispatchInputs& inputs, int row, Transport transport,
                                         const AttachFile& attach, std::string& ReportLine);
 

@@ -12,12 +12,12 @@ namespace turnpost {
 namespace {
 
 constexpr size_t bytesPerLine = 45;
-constexpr size_t charactersPerLine = 63; // with its length and its end
+constexpr size_t charactersPerLine = 63; // with the length character and CR LF
 
-// For the header line, and for a message that is built around the block without copying it.
-constexpr size_t spareRoom = 4096;
+// Spare capacity for the header line and the rest of the message, to avoid copying the block.
+constexpr size_t spareCapacity = 4096;
 
-// Zero is written as a grave accent: blanks at a line's end get lost in mail.
+// Zero is written as a grave accent, because blanks at the end of a line get lost in mail.
 constexpr char character(size_t value) {
     return value == 0 ? '`' : static_cast<char>(value + 32);
 }
@@ -31,7 +31,7 @@ constexpr auto characterPairs = [] {
     return pairs;
 }();
 
-// A line of so many bytes, in whole groups of three.
+// One data line: its byte count, then `groups`, whose size is a multiple of three.
 void appendLine(std::string& block, size_t count, std::string_view groups) {
     const auto byteAt = [groups](size_t i) -> size_t {
         return static_cast<unsigned char>(groups[i]);
@@ -53,7 +53,7 @@ void appendLine(std::string& block, size_t count, std::string_view groups) {
 
 std::string uuencodedBlock(std::string_view name, std::string_view bytes) {
     std::string block;
-    block.reserve(bytes.size() / bytesPerLine * charactersPerLine + spareRoom);
+    block.reserve(bytes.size() / bytesPerLine * charactersPerLine + spareCapacity);
     block += "begin 664 " + oneLine(name) + "\r\n";
     for (; bytes.size() >= bytesPerLine; bytes.remove_prefix(bytesPerLine)) {
         appendLine(block, bytesPerLine, bytes.substr(0, bytesPerLine));

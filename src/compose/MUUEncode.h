@@ -11,9 +11,9 @@ namespace turnpost {
 /// read.
 std::string UUEncode(const std::string& path);
 
-/// The block for bytes that have been read already. A line break in the name becomes a blank: it
-/// would end the header line. The last data line is padded with spaces, not zeros, and holds no
-/// bytes when the length is a multiple of 45.
+/// The block for bytes that have been read already. A line break in the name becomes a blank,
+/// because it would end the header line. The last data line is padded with spaces, not zeros; it
+/// holds no bytes when the length is a multiple of 45.
 std::string uuencodedBlock(std::string_view name, std::string_view bytes);
 
 } // namespace turnpost

@@ -9,7 +9,7 @@ class MessageBox {
   public:
     virtual ~MessageBox() = default;
 
-    /// Shows the text (line breaks CR LF) and returns when the person has closed the box.
+    /// Shows the text (line breaks CR LF) and returns when the host has closed the box.
     virtual void show(const std::string& text) = 0;
 };
 

@@ -4,7 +4,7 @@
 
 namespace turnpost {
 
-/// What every player's e-mail is made from, placeholders unexpanded.
+/// What every player's e-mail is made from, with placeholders.
 struct MessageTemplate {
     std::string MessageSubject;
     /// Lines separated by CR LF.

@@ -4,12 +4,12 @@
 
 namespace turnpost {
 
-SendReport linesAfterBreak(const SendReport& report, int rowUnderWay) {
+SendReport linesAfterBreak(const SendReport& report, int currentRow) {
     SendReport lines;
     for (int row = 0; row < rowCount; ++row) {
-        lines.line(row) = row < rowUnderWay    ? report.line(row)
-                          : row == rowUnderWay ? messages::brokeOffHere
-                                               : messages::notReached;
+        lines.line(row) = row < currentRow    ? report.line(row)
+                          : row == currentRow ? messages::brokeOffHere
+                                              : messages::notReached;
     }
     return lines;
 }

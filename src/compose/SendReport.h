@@ -7,19 +7,19 @@
 
 namespace turnpost {
 
-/// One ReportLine for each row; may run over several lines separated by CR LF, or be empty.
+/// One ReportLine for each row. It may hold several lines separated by CR LF, or be empty.
 struct SendReport : std::array<std::string, rowCount> {
     /// `row` is 0 to 15.
     std::string& line(int row) { return at(static_cast<size_t>(row)); }
     const std::string& line(int row) const { return at(static_cast<size_t>(row)); }
 };
 
-/// What is known of each row when a send has broken off at this row (0 to 15): the lines that this
-/// send has written, for the row itself that its message may or may not have arrived, and for those
-/// after it that they were not reached.
-SendReport linesAfterBreak(const SendReport& report, int rowUnderWay);
+/// What is known about each row when a send has broken off at `currentRow` (0 to 15). Rows before
+/// it have the lines that the send has written. The message of the current row may or may not have
+/// arrived. Later rows were not reached.
+SendReport linesAfterBreak(const SendReport& report, int currentRow);
 
-/// The text of the sending report: all 16 rows, each "Player n: ", its line and CR LF.
+/// The text of the sending report: for each of the 16 rows "Player n: ", its line and CR LF.
 std::string reportText(const SendReport& report);
 
 } // namespace turnpost

@@ -5,16 +5,16 @@
 
 namespace turnpost {
 
-/// What a session has sent last: nothing yet (0) to QUIT (6). One that was broken off counts as one
-/// that has sent QUIT: it takes no reply any more.
+/// What a session has sent last, from nothing yet (0) to QUIT (6). A session that was broken off
+/// counts as having sent QUIT, so that it ignores further replies.
 enum class LastSent : std::uint8_t { Nothing, Helo, MailFrom, RcptTo, Data, MessageText, Quit };
 
-/// The fields of a send, shared by the driver and the session. Between two events they are all that
-/// is left of it.
+/// The fields of a send, shared by the driver and the session. Between two events they are the
+/// whole state of the send.
 struct SendState {
     /// The server setting without the blanks around it, taken when the send starts.
     std::string ServerAddress;
-    /// The roster row being processed: -1 before the first step, 16 once past the last row.
+    /// The roster row being processed: -1 before the first step, 16 after the last row.
     std::int16_t SendCursor = -1;
     /// Rows ticked when the send started, and ticked rows reached so far.
     std::int16_t IncludedCount = 0;

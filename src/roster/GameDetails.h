@@ -10,11 +10,11 @@ namespace turnpost {
 
 inline constexpr int rowCount = 16;
 
-/// What the year label shows before a game has set it, and so what messages say too.
+/// What the year label shows before a game has set the year, and what <<GY>> expands to until then.
 inline constexpr std::int16_t unsetGameYear = 9999;
 
-/// The current game. The main window shows it and every typed character goes straight back in, so
-/// that model and window agree at all times.
+/// The current game. The main window shows it, and every change there is stored here at once, so
+/// that both always agree.
 struct GameDetails {
     std::string GameName;
     /// Folder of the host file, ending in a separator; empty without a game.
@@ -31,15 +31,15 @@ struct GameDetails {
     bool operator==(const GameDetails&) const = default;
 };
 
-/// Empties the four texts of a row; its tick and whether it is shown stay.
+/// Empties the four texts of a row; IncludePlayer and Shown stay.
 void clearRow(PlayerSlot& row);
 
-/// Puts every text on one line, as the window's boxes hold them; a game details file can hold
-/// others.
+/// Replaces the line breaks in every text by blanks: a game details file can hold line breaks, but
+/// the boxes of the window cannot.
 void removeLineBreaks(GameDetails& game);
 
-/// What start-up and New do to the roster: every text of the window is emptied and every row
-/// hidden, GamePath and HostFileName are emptied. Ticks and the year stay.
+/// What start-up and New do to the roster: empties every text and hides every row. Ticks and the
+/// year stay.
 void clearGame(GameDetails& game);
 
 } // namespace turnpost

@@ -7,13 +7,13 @@
 
 namespace turnpost {
 
-/// What the host can tell the program to do from the main window: one command for each button and
-/// menu item. Each ends with every window in step with the values it has changed.
+/// The commands of the main window, one for each button and menu item. When a command has ended,
+/// every window shows the values that it has changed.
 class MainCommands {
   public:
     virtual ~MainCommands() = default;
 
-    /// The game that the window shows. What the host types goes into it at once.
+    /// The game that the window shows. What the host types is stored in it at once.
     virtual GameDetails& game() = 0;
 
     virtual void findGame() = 0;
@@ -26,7 +26,7 @@ class MainCommands {
     virtual void configureStoredGames() = 0;
 
     virtual void butSend_Click() = 0;
-    /// The step of a send, for the button that nobody sees.
+    /// Takes the next step of a send. Called by the hidden button butSend2.
     virtual void takeSendStep() = 0;
     /// `parentWindow` is the main window's native id (WId, HWND).
     virtual void sendByMailSystem(std::uintptr_t parentWindow) = 0;
@@ -36,7 +36,7 @@ class MainCommands {
     virtual void editAttachments() = 0;
     virtual void showAbout() = 0;
 
-    /// Ends a send under way, so that nothing of it happens while the windows close.
+    /// Ends a send in progress, so that it does nothing more while the windows close.
     virtual void shutDown() = 0;
 };
 

@@ -18,7 +18,7 @@ void selectPlayers(GameDetails& game, PlayerSelection selection) {
             row.IncludePlayer = 0;
             break;
         case PlayerSelection::Invert:
-            // A details file may hold any number.
+            // A details file may hold any number; in an int, subtracting 1 could overflow.
             row.IncludePlayer = static_cast<int>(std::abs(row.IncludePlayer - std::int64_t{1}));
             break;
         }

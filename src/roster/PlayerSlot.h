@@ -6,14 +6,14 @@ namespace turnpost {
 
 /// One player of the roster. Row i, 0 to 15, is player i + 1.
 struct PlayerSlot {
-    /// 0 leaves the player out; anything else includes. Only 0 and 1 come from the window.
+    /// 0 leaves the player out; any other number includes the player. The window sets only 0 and 1.
     int IncludePlayer = 0;
     std::string PlayerName;
     std::string PlayerEmail;
     std::string AltEmail;
     /// Turn file name without folder.
     std::string GameFile;
-    /// The row belongs to the current game: its controls are visible.
+    /// True when the row belongs to the current game; its controls are then visible.
     bool Shown = false;
 
     bool operator==(const PlayerSlot&) const = default;

@@ -18,9 +18,9 @@ std::string trimmedLine(std::string_view text) {
     return trimSpaces(oneLine(text));
 }
 
-// In place: a copy would take the memory of a large file once more. Blocks are ASCII but for the
-// names in their header lines, the only ones that start with a small "b"; no more than the last
-// data line of each can start with a period.
+// In place, to avoid a second copy of a large file. Only "begin" lines can hold non-ASCII text, and
+// no data line starts with "b", because length characters are "`" and "!" to "M". Only the last
+// data line of a block can start with a period.
 void blocksToWire(std::string& blocks) {
     for (size_t line = 0; line < blocks.size();
          line = std::min(blocks.find('\n', line), blocks.size() - 1) + 1) {
@@ -33,7 +33,7 @@ void blocksToWire(std::string& blocks) {
     }
 }
 
-// Every period at the start of a line doubled.
+// Doubles every period at the start of a line.
 std::string bodyToWire(std::string_view text) {
     std::string bytes;
     while (!text.empty()) {

@@ -57,8 +57,8 @@ void SendDriver::butSend2_Click() {
         }
         showRowReached();
     } while (!prepareRow());
-    // Only a step without a send before it has no address: a button that nobody sees can be pressed
-    // by a program.
+    // The address is missing only when another program presses the hidden button butSend2 before
+    // any send.
     if (const auto address = parseServerAddress(state_.ServerAddress)) {
         state_.SmtpState = LastSent::Nothing;
         socket_.Connect(address->host, address->port);
@@ -70,16 +70,16 @@ void SendDriver::showRowReached() {
         return;
     }
     ++state_.ReachedCount;
-    // Rows may have been ticked since the count was taken; the bar must not leave its track.
+    // Rows may have been ticked since they were counted; the fraction must not exceed 1.
     const int included = std::max(state_.IncludedCount, state_.ReachedCount);
     display_.setProgress(static_cast<double>(state_.ReachedCount) / included);
 }
 
 bool SendDriver::prepareRow() {
-    // Gives its memory back, too; clear() does not.
+    // Unlike clear(), this also frees the memory.
     std::string().swap(state_.AttachmentText);
     const auto attach = [this](const std::string& path) {
-        // The first block is the text itself, not copied into it.
+        // Moves the first block instead of copying it.
         state_.AttachmentText = std::move(state_.AttachmentText) + (UUEncode(path) + "\r\n");
     };
     const auto message = applyRowRules(inputs_, state_.SendCursor, Transport::Smtp, attach,

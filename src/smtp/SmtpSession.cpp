@@ -26,8 +26,8 @@ SmtpSession::SmtpSession(Socket& socket, SendState& state, const Settings& setti
 
 void SmtpSession::DataArrival() {
     const std::string reply = socket_.GetData();
-    const bool rowUnderWay = state_.SendCursor >= 0 && state_.SendCursor < rowCount;
-    if (reply.empty() || !rowUnderWay) {
+    const bool isProcessingRow = state_.SendCursor >= 0 && state_.SendCursor < rowCount;
+    if (reply.empty() || !isProcessingRow) {
         return;
     }
     if (isAccepted(reply)) {
@@ -39,14 +39,14 @@ void SmtpSession::DataArrival() {
 }
 
 void SmtpSession::takeNextStep() {
-    // Read now, not when the row began: what the host corrects meanwhile reaches the next line.
+    // Read at each step, so that the next line has what the host has corrected meanwhile.
     const PlayerSlot& player = game_.row(state_.SendCursor);
     if (const auto refusal = checkAddresses(player)) {
         report_.line(state_.SendCursor) = refusal->words;
         nextStep_();
         return;
     }
-    // The state is that of the line about to be sent before it goes out.
+    // Each state is set before its line is sent.
     switch (state_.SmtpState) {
     case LastSent::Nothing:
         state_.SmtpState = LastSent::Helo;
@@ -70,8 +70,7 @@ void SmtpSession::takeNextStep() {
         break;
     case LastSent::MessageText:
         state_.SmtpState = LastSent::Quit;
-        // The message is accepted; what the server says to QUIT changes nothing (RFC
-        // 5321, 4.1.1.10).
+        // The message has been accepted, so the reply to QUIT changes nothing (RFC 5321, 4.1.1.10).
         socket_.SendData("QUIT\r\n");
         // If the greeting came in two pieces, the replies are one step ahead of us and much of the
         // message may still be queued.
@@ -84,7 +83,7 @@ void SmtpSession::takeNextStep() {
     }
 }
 
-// An address that the next line names may have changed since the row began.
+// Checks the addresses that the next line names: they may have changed since the row began.
 std::optional<Refusal> SmtpSession::checkAddresses(const PlayerSlot& player) const {
     const LastSent sent = state_.SmtpState;
     const bool messageIsNext = sent == LastSent::Data;

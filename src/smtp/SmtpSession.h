@@ -16,24 +16,24 @@
 namespace turnpost {
 
 /// Delivers one player's message over one connection (RFC 5321), one step for each arrival of data.
-/// The driver has prepared the row and requested the connection; when the session ends after a
-/// reply it writes the row's outcome and calls the driver's step. There is no time-out: a server
-/// that falls silent leaves the send waiting.
+/// The driver prepares the row and requests the connection. When a reply ends the session, it
+/// reports the row's outcome and calls the driver's next step. There is no time-out: the send waits
+/// for as long as the server sends nothing.
 class SmtpSession final : public SocketEvents {
   public:
-    /// `nextStep` is its butSend2_Click. All references must outlive the session.
+    /// `nextStep` is the driver's butSend2_Click. All references must outlive the session.
     SmtpSession(Socket& socket, SendState& state, const Settings& settings, const GameDetails& game,
                 SendReport& report, SendDisplay& display, MessageBox& box,
                 std::function<void()> nextStep);
 
-    /// Takes everything waiting as one reply. Any of the codes 220, 250 and 354 is accepted in any
-    /// state and sends the next part; any other reply, a fragment of a code included, ends the
-    /// session with the reply as the row's outcome. So does an address that by now cannot be sent
-    /// as it is shown (see AddressFault.h); the outcome then says why.
+    /// Takes everything that has arrived as one reply. The codes 220, 250 and 354 are accepted in
+    /// any state; then the next part is sent. Any other reply, even a fragment of a code, ends the
+    /// session and becomes the row's outcome. The session also ends when an address can no longer
+    /// be sent (see AddressFault.h); the outcome then says why.
     void DataArrival() override;
 
-    /// Shows the error in a message box and ends the whole send: no later row, no report. When the
-    /// box is closed, the display gets what is known of each row.
+    /// Shows the error in a message box and ends the whole send: no further row is processed and no
+    /// report is opened. When the box is closed, the display gets what is known about each row.
     void Error(int number, const std::string& description) override;
 
   private:

@@ -29,7 +29,7 @@ constexpr std::array<LineLayout, headValues + rowCount> layout = [] {
     return lines;
 }();
 
-// Fills the content from 101 values; says what is wrong with them.
+// Fills the content from 101 values. Returns what is wrong with them, if anything.
 std::optional<Refusal> take(const QuotedValues& values, GameFileContent& content) {
     GameDetails& game = content.game;
     game.GameName = values[0].text;
@@ -55,8 +55,8 @@ std::optional<Refusal> take(const QuotedValues& values, GameFileContent& content
     return std::nullopt;
 }
 
-// The line behind the body: the one place where the line before it ends a text and this and the
-// next 15 lines are rows. 0 without such a place, or with several.
+// Index of the first line after the body: the only one that follows the end of a quoted text and
+// starts 16 row lines. 0 when there is none, or more than one.
 size_t firstRowLine(const std::vector<std::string_view>& lines) {
     size_t found = 0;
     size_t rows = 0;
@@ -74,7 +74,7 @@ size_t firstRowLine(const std::vector<std::string_view>& lines) {
     return found;
 }
 
-// Without a place for the rows these are too few.
+// Empty when the rows cannot be located.
 QuotedValues valuesByLines(std::string_view text) {
     auto lines = linesOf(text);
     const size_t firstRow = firstRowLine(lines);
@@ -113,7 +113,7 @@ GameFileReading parseGameDetails(std::string_view text) {
         }
     }
     if (text.find(lineEnd) == std::string_view::npos) {
-        // A file that came through a system with other line ends.
+        // The file came through a system with other line ends.
         reading.content.message.MessageBody = withCrLf(reading.content.message.MessageBody);
     }
     return reading;

@@ -8,7 +8,7 @@
 namespace turnpost {
 
 void writeOwnFile(const std::string& path, const std::string& text) {
-    // One such name would make all of the file be read as another code page.
+    // A single malformed name would make the whole file be read in another code page.
     if (!isUtf8(text)) {
         throw FileError(path, messages::ownFileNotUtf8);
     }

@@ -7,7 +7,7 @@ namespace turnpost {
 
 inline constexpr const char* emptySlotName = " - Empty - ";
 
-/// One entry of the Stored Games menu. A slot counts as empty by its name alone.
+/// One entry of the Stored Games menu; empty when its name is emptySlotName.
 struct StoredGame {
     std::string StoredGameName = emptySlotName;
     /// Full path of the game details file.
@@ -16,7 +16,7 @@ struct StoredGame {
     bool operator==(const StoredGame&) const = default;
 };
 
-/// What the settings file keeps between runs; the start values are those of a missing file.
+/// What the settings file keeps between runs. Without a file the start values apply.
 struct Settings {
     std::string HostName;
     std::string HostEmail;

@@ -7,19 +7,11 @@
 // systems are inserted unchanged, so show these texts as plain text.
 namespace turnpost::messages {
 
-<<<<<<< HEAD
-// Message boxes. Of a path or a reason they show at most some 500 characters.
+// Message boxes. They show about 500 characters of a path or reason.
 inline constexpr const char* noServerAddress = "No SMTP server address entered";
 inline constexpr const char* invalidServerAddress = "Invalid SMTP server address";
 inline constexpr const char* invalidGamePath = "Invalid game path";
-/// The host's own address, and what is wrong with it (see below).
-=======
-// Message boxes. They show about 500 characters of a path or reason.
-std::string noServerAddress();
-std::string invalidServerAddress();
-std::string invalidGamePath();
 /// `fault`: see invisibleCharacter.
->>>>>>> 8a13edb (Put right comments that said something false)
 std::string ownAddressUnsendable(std::string_view fault);
 std::string socketError(int number, std::string_view description);
 std::string cannotRead(std::string_view path, std::string_view reason);
@@ -41,17 +33,16 @@ inline constexpr const char* findGameFirst = "Please find a game";
 inline constexpr const char* saveGameFirst = "Please save game details first";
 
 // What is wrong with a game details file.
-<<<<<<< HEAD
 inline constexpr const char* notWholeGameFile =
     "It is not a game details file, or only part of one";
 inline constexpr const char* severalWaysToRead = "Its double quotes leave several ways to read it";
+std::string flagIsNoNumber(int row);
 inline constexpr const char* ownFileTooLarge = "It is larger than 1 MiB";
 
-// Why one of the program's own files is not written.
+// Why one of the program's own files cannot be written.
 inline constexpr const char* ownFileWouldBeTooLarge =
     "It would be larger than 1 MiB, and so not be read again";
 inline constexpr const char* ownFileNotUtf8 = "A name in it is not valid UTF-8";
-std::string flagIsNoNumber(int row);
 
 // Reasons why a file cannot be read or written.
 inline constexpr const char* isFolder = "It is a folder, not a file";
@@ -59,37 +50,14 @@ inline constexpr const char* isPipe = "It is a pipe, not a file";
 inline constexpr const char* isDevice = "It is a device, not a file";
 inline constexpr const char* nulInPath = "A file name cannot hold a NUL character";
 inline constexpr const char* notOfThisSystem = "It is not a full path on this system";
-/// For an error that the system has no words for.
-std::string unknownSystemError(int number);
-
-// Why the file picker offers a folder or file only greyed.
-inline constexpr const char* nameIsNotUtf8 =
-    "This name is not valid UTF-8, so a game file cannot hold it. Rename it to use it here.";
-inline constexpr const char* nameHoldsLineBreak =
-    "This name holds a line break, so a game file cannot hold it. Rename it to use it here.";
-=======
-std::string notWholeGameFile();
-std::string severalWaysToRead();
-std::string flagIsNoNumber(int row);
-std::string ownFileTooLarge();
-
-// Why one of the program's own files cannot be written.
-std::string ownFileWouldBeTooLarge();
-std::string ownFileNotUtf8();
-
-// Reasons why a file cannot be read or written.
-std::string isFolder();
-std::string isPipe();
-std::string isDevice();
-std::string nulInPath();
-std::string notOfThisSystem();
 /// For an error for which the system has no words.
 std::string unknownSystemError(int number);
 
 // Why a folder or file is grey in the file picker.
-std::string nameIsNotUtf8();
-std::string nameHoldsLineBreak();
->>>>>>> 8a13edb (Put right comments that said something false)
+inline constexpr const char* nameIsNotUtf8 =
+    "This name is not valid UTF-8, so a game file cannot hold it. Rename it to use it here.";
+inline constexpr const char* nameHoldsLineBreak =
+    "This name holds a line break, so a game file cannot hold it. Rename it to use it here.";
 
 // Reasons why a host file gives no year.
 inline constexpr const char* hostFileTooShort =
@@ -97,16 +65,9 @@ inline constexpr const char* hostFileTooShort =
 inline constexpr const char* hostYearTooLarge = "Its game year is above 32767";
 inline constexpr const char* hostFileMissing = "There is no such file";
 
-<<<<<<< HEAD
-// Lines of the sending report. Rows are 0 to 15.
+// Lines of the sending report. Rows are 0 to 15, entries 0 to 2.
 inline constexpr const char* playerSkipped = "Player Skipped";
 inline constexpr const char* noEmailAddress = "No Email Address for Player";
-/// An address that would go out as another one, and why.
-=======
-// Lines of the sending report. Rows are 0 to 15, entries 0 to 2.
-std::string playerSkipped();
-std::string noEmailAddress();
->>>>>>> 8a13edb (Put right comments that said something false)
 std::string addressUnsendable(std::string_view fault);
 std::string alternateAddressUnsendable(std::string_view fault);
 /// The `fault` of an address: its character at this place, counted from 1.
@@ -135,15 +96,9 @@ std::string cannotStart(std::string_view path, std::string_view reason);
 std::string notOneAddress(std::string_view address);
 std::string hostNotOneAddress(std::string_view address);
 
-<<<<<<< HEAD
-/// Of a row after a send that broke off without a report.
+/// What the main window shows at a row after a send has broken off.
 inline constexpr const char* brokeOffHere = "Broke off here: may or may not have arrived";
 inline constexpr const char* notReached = "Not reached";
-=======
-/// What the main window shows at a row after a send has broken off.
-std::string brokeOffHere();
-std::string notReached();
->>>>>>> 8a13edb (Put right comments that said something false)
 
 /// The text before a row's line in the report.
 std::string reportPrefix(int row);
