@@ -5,14 +5,14 @@
 
 namespace turnpost {
 
-/// Request and answer of the one file-choosing dialog.
+/// What the file picker is asked for, and its answer.
 struct FilePicker {
     std::string PickerMessage;
     /// File-name pattern such as *.HST, matched without regard to case.
     std::string PickerPattern;
     /// 1 means that no file was chosen.
     std::uint8_t PickerCancelled = 0;
-    /// Folder of the chosen file, without a trailing separator but for a root's own.
+    /// Folder of the chosen file. Only a root ends in a separator.
     std::string PickedFolder;
     std::string PickedFile;
 };
@@ -28,8 +28,8 @@ bool offersDefaultGame(const FilePicker& picker);
 /// Full path of the chosen file.
 std::string pickedPath(const FilePicker& picker);
 
-/// Where the dialog opens: the game's folder, or the program's when there is no game, or its folder
-/// is gone or none of this system.
+/// Where the dialog opens: the game's folder; or the program's folder, if there is no game or its
+/// folder does not exist or is not a path of this system.
 std::string pickerStartFolder(const std::string& gamePath, const std::string& programFolder);
 
 } // namespace turnpost

@@ -23,7 +23,7 @@ fs::path wholePath(const std::string& folder) {
     }
     std::error_code error;
     fs::path path = fs::absolute(pathParts(folder), error);
-    // Behind a link, the way up is not the name before.
+    // After a symbolic link ".." is not the previous name in the path, so it is resolved on disk.
     const bool climbs = std::find(path.begin(), path.end(), "..") != path.end();
     path = climbs ? fs::canonical(path, error) : path.lexically_normal();
     if (!path.has_filename() && path.has_relative_path()) {
@@ -35,7 +35,7 @@ fs::path wholePath(const std::string& folder) {
 std::vector<FolderLine> linesDownTo(const fs::path& folder) {
     fs::path above = folder.root_path();
     const std::string root = fromNativePath(folder.root_name());
-    // A server by itself is no folder; its shares are.
+    // A bare server name (\\server) is not a folder; its shares are.
     bool isServer = root.size() > 1 && isSeparator(root[0]) && isSeparator(root[1]);
     std::vector<FolderLine> lines;
     if (!isServer) {

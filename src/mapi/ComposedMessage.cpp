@@ -6,7 +6,7 @@ namespace turnpost {
 
 namespace {
 
-// Selects a slot, making it and those before it where they do not exist yet.
+// Selects a slot; creates it and those before it if they do not exist yet.
 template <typename Slot> size_t select(std::vector<Slot>& slots, int index) {
     const auto selected = static_cast<size_t>(std::max(index, 0));
     slots.resize(std::max(slots.size(), selected + 1));

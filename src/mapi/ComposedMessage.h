@@ -19,7 +19,7 @@ struct MailAttachment {
     std::string AttachmentPathName;
 };
 
-/// Keeps the message under composition; the mail systems differ only in how they submit it.
+/// Holds the message that is being composed; the mail systems differ only in how they submit it.
 class ComposedMessage : public MailMessages {
   public:
     void SessionID(long id) override { sessionId = id; }

@@ -20,7 +20,7 @@ void MailDelivery::deliver(std::uintptr_t parentWindow) {
     session_.ParentWindow(parentWindow);
     if (signOn()) {
         mail_.SessionID(session_.SessionID());
-        // As they stand now: a mail client may let the host change the game meanwhile.
+        // Copies, because a mail client may let the host change the game during the delivery.
         const GameDetails game = inputs_.game;
         const MessageTemplate message = inputs_.message;
         const AttachmentChoices attachments = inputs_.attachments;
@@ -75,7 +75,7 @@ void MailDelivery::compose(const PlayerSlot& player, const std::vector<std::stri
     if (!player.AltEmail.empty()) {
         addRecipient(1, player.AltEmail, copyRecipient);
     }
-    // Each attachment needs a character to stand at.
+    // Simple MAPI places every attachment at a character of the text, so the text needs that many.
     const std::string places = files.empty() ? "" : "\r\n" + std::string(files.size(), ' ');
     mail_.MsgNoteText(state_.PlayerBody + places);
     for (size_t j = 0; j < files.size(); ++j) {

@@ -12,22 +12,21 @@
 
 namespace turnpost {
 
-/// Hands every player's message to the desktop's mail system, all 16 rows in one go; nothing else
-/// happens meanwhile.
+/// Passes every player's message to the desktop's mail system, all 16 rows in one call.
 class MailDelivery {
   public:
-    /// All references must outlive the delivery. `state` is the send driver's: the rows are walked
-    /// with its SendCursor.
+    /// All references must outlive the delivery. `state` is that of the send driver, because both
+    /// senders share its SendCursor.
     MailDelivery(const DispatchInputs& inputs, SendReport& report, SendState& state,
                  MailSession& session, MailMessages& mail, SendDisplay& display, MessageBox& box);
 
-    /// Without a game folder, without a mail system, or when it refuses the session, a message box
-    /// says so. But for the first case the report follows. A row whose message the mail system does
-    /// not take gets "MAPI Error: " and the mail system's words, and the next row follows.
-    /// `parentWindow`: see MailSession::ParentWindow.
+    /// Sends all rows and opens the report. Without a game folder it only shows a message box.
+    /// Without a mail system, or when that refuses the session, it shows a message box and then the
+    /// report. If the mail system refuses a message, the row's line is "MAPI Error: " and the mail
+    /// system's words, and the next row follows. `parentWindow`: see MailSession::ParentWindow.
     void deliver(std::uintptr_t parentWindow = 0);
 
-    /// True until deliver returns. A mail client may let the person press buttons meanwhile.
+    /// True while deliver runs. A mail client may let the host press buttons during that time.
     bool isDelivering() const { return delivering_; }
 
   private:

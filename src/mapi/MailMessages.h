@@ -11,18 +11,18 @@ inline constexpr int mainRecipient = 1;
 inline constexpr int copyRecipient = 2;
 inline constexpr int dataFile = 0;
 
-/// The message under composition, with the members of the Simple MAPI message component. Texts are
-/// UTF-8. RecipIndex and AttachmentIndex select a slot, which the members after them then fill; a
-/// slot comes into being when it is selected.
+/// The message that is being composed, with the members of the Simple MAPI message component. Texts
+/// are UTF-8. RecipIndex and AttachmentIndex select a slot, which the members after them then fill.
+/// Selecting a slot creates it.
 class MailMessages {
   public:
     virtual ~MailMessages() = default;
 
-    /// The session that messages are sent in.
+    /// The session in which messages are sent.
     virtual void SessionID(long id) = 0;
     /// Clears the composition buffer and starts a new message.
     virtual void Compose() = 0;
-    /// -1 addresses the message under composition, the only one there is.
+    /// -1 means the message that is being composed; there is no other.
     virtual void MsgIndex(int index) = 0;
     virtual void MsgSubject(const std::string& subject) = 0;
     /// Lines end in CR LF.
@@ -40,7 +40,7 @@ class MailMessages {
     /// Full path; the mail system shows the file's own name.
     virtual void AttachmentPathName(const std::string& path) = 0;
 
-    /// Submits the message without asking anybody. A refusal has the mail system's own words.
+    /// Submits the message without a dialog. A refusal has the mail system's own words.
     virtual std::optional<Refusal> Send() = 0;
 };
 

@@ -9,12 +9,12 @@
 namespace turnpost {
 
 /// A session with the desktop's mail system, with the members of the Simple MAPI session component.
-/// No member shows a window to the person, but a mail client may show one of its own.
+/// No member shows a window, but a mail client may show one of its own.
 class MailSession {
   public:
     virtual ~MailSession() = default;
 
-    /// False uses an existing shared session where there is one.
+    /// False uses an existing shared session if there is one.
     virtual void NewSession(bool wanted) = 0;
     /// False shows no log-on dialog.
     virtual void LogonUI(bool wanted) = 0;
@@ -23,13 +23,13 @@ class MailSession {
     /// Empty texts stand for the mail system's default profile.
     virtual void UserName(const std::string& name) = 0;
     virtual void Password(const std::string& password) = 0;
-    /// The window that whatever the mail system asks belongs to, by its number in the window
-    /// system; 0 for none. Ignored where a mail system asks nothing.
+    /// Native id of the window that owns the mail system's own dialogs; 0 for none. Ignored by a
+    /// mail system without dialogs.
     virtual void ParentWindow(std::uintptr_t) {}
 
     /// Opens the session; SessionID tells whether it worked.
     virtual void SignOn() = 0;
-    /// The open session's identifier; 0 means no session: there is no mail system, or it refused.
+    /// The open session's identifier; 0 when there is no mail system or it refused the session.
     virtual long SessionID() const = 0;
     /// Why the mail system refused the last SignOn; nothing when there is no mail system.
     virtual std::optional<Refusal> signOnRefusal() const { return std::nullopt; }

@@ -15,7 +15,7 @@ struct MailSystem {
 };
 
 /// The mail system of this desktop: Simple MAPI on Windows, the sendmail program elsewhere. The
-/// sender is taken from `settings` at each message; they must outlive the mail system.
+/// sender is read from `settings` for each message; `settings` must outlive the mail system.
 MailSystem makeMailSystem(const Settings& settings);
 
 } // namespace turnpost

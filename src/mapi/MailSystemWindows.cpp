@@ -4,7 +4,7 @@
 
 namespace turnpost {
 
-// The sender is the mail client's own affair.
+// The mail client supplies the sender.
 MailSystem makeMailSystem(const Settings&) {
     const auto mapi = std::make_shared<SimpleMapi>();
     return {std::make_unique<SimpleMapiSession>(mapi), std::make_unique<SimpleMapiMessages>(mapi)};

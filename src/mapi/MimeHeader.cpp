@@ -10,8 +10,8 @@ namespace turnpost {
 
 namespace {
 
-// True for what a header field can hold as it is and give back unchanged: short ASCII words with
-// single blanks between them, which no reader takes for encoded ones.
+// True for text that a header field keeps unchanged: short ASCII words with single blanks between
+// them, which no reader takes for encoded words.
 bool isPlain(const std::string& text) {
     size_t wordLength = 0;
     const auto keeps = [&wordLength](char c) {
@@ -37,7 +37,7 @@ bool isAscii(const std::string& text) {
                        [](char c) { return static_cast<unsigned char>(c) < 0x80U; });
 }
 
-// True when nothing in the text ends the address and starts something else.
+// True when no part of the text could start a second address, a comment or a header.
 bool isOneAddress(const std::string& address) {
     bool quoted = false;
     bool escaped = false;
@@ -54,8 +54,8 @@ bool isOneAddress(const std::string& address) {
     return !address.empty() && std::all_of(address.begin(), address.end(), belongs) && !quoted;
 }
 
-// Empty when there is none. A character may have a form that is no part of a domain: the wide comma
-// becomes the comma that separates two addresses.
+// Empty when there is none. Normalisation can turn a character into one that is illegal in a
+// domain: U+FF0C becomes the comma that separates addresses.
 std::string asciiDomain(const std::string& domain) {
     InternetAddress* const mailbox = internet_address_mailbox_new(nullptr, ("x@" + domain).c_str());
     const std::string address =
@@ -70,8 +70,8 @@ std::string asciiDomain(const std::string& domain) {
 
 } // namespace
 
-// GMime's own encoded words are longer than allowed where a language sets no blanks, and it then
-// breaks lines inside them; in plain text it adds blanks before "=?".
+// GMime's own encoded words are too long for languages without blanks, and GMime then breaks lines
+// inside them. In plain text it adds blanks before "=?".
 std::string headerText(const std::string& value) {
     constexpr size_t bytesPerWord = 39;
     constexpr size_t bytesPerCharacter = 4;

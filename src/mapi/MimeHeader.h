@@ -5,16 +5,16 @@
 
 namespace turnpost {
 
-/// The name or subject on one line, as a header field holds it: plain ASCII as it is, all else in
-/// encoded words (RFC 2047). Line breaks become blanks; apart from that it comes back unchanged.
+/// A name or subject as one line for a header field: plain ASCII unchanged, anything else in
+/// encoded words (RFC 2047). Line breaks become blanks; a reader gets everything else unchanged.
 std::string headerText(const std::string& value);
 
-/// The address as a header field and a mail program take it, without the blanks around it: with the
-/// domain in its ASCII form (RFC 5891), which every mail system knows. One whose local part is not
-/// ASCII stays as it is: only a mail system that takes all of it can deliver it. Nothing when the
-/// text is not one address, so that a part of it would end the address and start something else, or
-/// when its domain has no ASCII form: such mail is taken and then lost. Whether the address exists,
-/// or could, is for the mail system to say.
+/// The address for a header field or a mail program: without blanks around it, and with the domain
+/// in its ASCII form (RFC 5891), which every mail system knows. If the part before the "@" is not
+/// ASCII, the domain stays as it is, because only a mail system that supports both can deliver such
+/// mail. Returns nothing when the text is not exactly one address (it could add a recipient or a
+/// header), or when its domain has no ASCII form (such mail is accepted and then lost). Whether the
+/// address exists is not checked.
 std::optional<std::string> mailAddress(const std::string& text);
 
 } // namespace turnpost

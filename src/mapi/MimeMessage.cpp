@@ -28,15 +28,15 @@ std::string bytesOf(const Owned<GMimeStream>& memory) {
     return {reinterpret_cast<const char*>(array->data), array->len};
 }
 
-// Gives the part these bytes, which stand there in `encoding` already, or are raw.
+// Sets the part's content; `encoding` says how `bytes` are encoded, DEFAULT that they are raw.
 void setContent(GMimePart* part, const std::string& bytes, GMimeContentEncoding encoding) {
     const auto stream = own(g_mime_stream_mem_new_with_buffer(bytes.data(), bytes.size()));
     const auto content = own(g_mime_data_wrapper_new_with_stream(stream.get(), encoding));
     g_mime_part_set_content(part, content.get());
 }
 
-// Quoted-printable keeps blanks at a line's end and, with the second filter, lines that a mailbox
-// file would take for the start of a message.
+// Quoted-printable keeps blanks at the end of a line. The second filter protects lines that a
+// mailbox file would take for the start of a message.
 std::string quotedPrintable(const std::string& text) {
     const auto memory = own(g_mime_stream_mem_new());
     const auto filtered = own(g_mime_stream_filter_new(memory.get()));
@@ -47,7 +47,7 @@ std::string quotedPrintable(const std::string& text) {
     g_mime_stream_write(filtered.get(), text.data(), text.size());
     g_mime_stream_flush(filtered.get());
     std::string encoded = bytesOf(memory);
-    // A soft line break: a mail system ends the last line of a message where its sender has not.
+    // A soft line break, because a mail system adds a line end to a last line that has none.
     if (!encoded.empty() && encoded.back() != '\n') {
         encoded += "=\n";
     }
@@ -62,7 +62,7 @@ Owned<GMimePart> textPart(const std::string& text) {
     return part;
 }
 
-// The part has the bytes from then on.
+// Moves the bytes into the part.
 Owned<GMimePart> filePart(MimeFile& file) {
     auto part = own(g_mime_part_new_with_type("application", "octet-stream"));
     g_mime_part_set_filename(part.get(), oneLine(file.name).c_str());
@@ -80,7 +80,7 @@ void addAddress(GMimeMessage* message, GMimeAddressType field, const MimeAddress
 void setIdentity(GMimeMessage* message, const std::string& sender) {
     const auto now = own(g_date_time_new_now_local());
     g_mime_message_set_date(message, now.get());
-    // The domain in the form that is ASCII in every language.
+    // The domain in its ASCII form.
     const auto mailbox = own(internet_address_mailbox_new(nullptr, sender.c_str()));
     const std::string address =
         internet_address_mailbox_get_idn_addr(INTERNET_ADDRESS_MAILBOX(mailbox.get()));
@@ -130,7 +130,7 @@ std::string mimeBytes(MimeMessage values) {
         room += file.bytes.size() * 3 / 2;
     }
     setBody(message.get(), values);
-    // All at once: what growing leaves behind would count as well.
+    // Allocated at once: growing step by step would raise the peak memory.
     const auto memory = own(
         g_mime_stream_mem_new_with_byte_array(g_byte_array_sized_new(static_cast<guint>(room))));
     g_mime_stream_mem_set_owner(GMIME_STREAM_MEM(memory.get()), true);

@@ -16,7 +16,7 @@ struct MimeFile {
     std::string bytes;
 };
 
-/// A message to be written as RFC 5322 and MIME say. Texts are UTF-8.
+/// A message in the format of RFC 5322 and MIME (RFC 2045 to 2047). Texts are UTF-8.
 struct MimeMessage {
     /// Without an address the message has no From field.
     MimeAddress from;
@@ -27,11 +27,11 @@ struct MimeMessage {
     std::vector<MimeFile> files;
 };
 
-/// The message as bytes, lines ending in LF, dated now and with an identifier of its own. Each
-/// address must be as mailAddress (MimeHeader.h) gives it; line breaks in names and the subject
-/// become blanks. The text comes back exactly, with each line break (CR LF, CR or LF) as the line
-/// break of mail; the files come back byte for byte. At its end it takes twice the memory of what
-/// it gives; one that is moved in is taken apart on the way.
+/// The message as bytes with lines ending in LF, with the current date and a new identifier. Each
+/// address must be a result of mailAddress (MimeHeader.h). Line breaks in names and the subject
+/// become blanks. A reader gets the text exactly, with each line break (CR LF, CR or LF) as the
+/// line break of mail, and the files byte for byte. Peak memory is twice the size of the result, if
+/// the argument is moved in.
 std::string mimeBytes(MimeMessage message);
 
 } // namespace turnpost

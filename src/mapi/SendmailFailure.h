@@ -8,9 +8,9 @@
 
 namespace turnpost {
 
-/// Nothing when the sendmail program has taken the message. Else why not: the last five lines with
-/// text that it wrote to standard error, else to standard output, joined by CR LF. How it ended
-/// follows where that was not by itself, and stands alone where it wrote nothing.
+/// Nothing when the sendmail program has accepted the message. Otherwise the last five non-empty
+/// lines that it wrote to standard error, or else to standard output, joined by CR LF. If it did
+/// not exit by itself, how it ended is added; if it wrote nothing, how it ended is all.
 std::optional<Refusal> sendmailFailure(const ProgramEnd& end, const std::string& program,
                                        std::chrono::milliseconds limit);
 

@@ -14,7 +14,7 @@ namespace turnpost {
 
 namespace {
 
-// Of a line so slow that it hardly is one.
+// The slowest connection that is still waited for.
 constexpr size_t bytesPerSecond = 10000;
 
 } // namespace
@@ -40,8 +40,8 @@ std::optional<Refusal> SendmailMessages::Send() {
     }
 }
 
-// Gives what is wrong with one of them. A mail system takes an argument apart as it does a header
-// field: one that holds two addresses would be mail to somebody whom nobody has named.
+// Prepares all addresses, or returns what is wrong with one. A mail system parses an argument like
+// a header field: with two addresses in it, mail would go to someone the host never named.
 std::optional<Refusal> SendmailMessages::takeAddresses() {
     for (MailRecipient& named : recipients) {
         const auto address = mailAddress(named.RecipAddress);
@@ -82,7 +82,7 @@ MimeMessage SendmailMessages::message() const {
 }
 
 std::vector<std::string> SendmailMessages::arguments() const {
-    // -i: a line with a single period is not the message's end.
+    // -i: a line with a single period does not end the message.
     std::vector<std::string> words{"-i"};
     if (!sender_.empty() && sender_.front() != '-') {
         words.insert(words.end(), {"-f", sender_});

@@ -12,15 +12,15 @@ namespace turnpost {
 /// Submits messages through the program that the session has found.
 class SendmailMessages : public ComposedMessage {
   public:
-    /// Both references must outlive it. The sender is taken from `settings` at each message.
-    /// A program that takes longer than `timeout`, and a second more for each 10 KB of the message,
-    /// is ended: a slow line is no hang.
+    /// Both references must outlive this object. The sender is read from `settings` for each
+    /// message. A program that takes longer than `timeout` and one second for each 10 KB of the
+    /// message is killed; the extra time is for slow connections.
     SendmailMessages(const Settings& settings, const SendmailSession& session,
                      std::chrono::milliseconds timeout = std::chrono::seconds(60));
 
-    /// Reads every attachment once. Gives the program's own words where it refuses; an address
-    /// that is not one address or has no ASCII domain, and a file that can't be read, are refused
-    /// without it.
+    /// Reads every attachment once. A refusal by the program has the program's words. The program
+    /// is not started when an address is not exactly one address, has no ASCII domain or has a bad
+    /// character, or when a file cannot be read.
     std::optional<Refusal> Send() override;
 
   private:
@@ -31,7 +31,7 @@ class SendmailMessages : public ComposedMessage {
     const Settings& settings_;
     const SendmailSession& session_;
     std::chrono::milliseconds limit_;
-    // The host's, empty when there is none.
+    // The host's address; empty for none.
     std::string sender_;
 };
 

@@ -11,7 +11,7 @@ namespace turnpost {
 
 namespace {
 
-// The exact name only: this is no file of the game.
+// Case matters here, unlike for the game's files.
 bool isProgram(const std::string& path) {
     std::error_code error;
     return std::filesystem::is_regular_file(toNativePath(path), error) &&
@@ -25,7 +25,7 @@ std::vector<std::string> sendmailFolders() {
     const char* searchPath = std::getenv("PATH");
     std::istringstream entries(searchPath == nullptr ? "" : searchPath);
     for (std::string folder; std::getline(entries, folder, ':');) {
-        // Others stand for the current folder, which may hold anybody's files.
+        // An empty or relative entry leads to the current folder, which is not to be trusted.
         if (folder.starts_with('/')) {
             folders.push_back(folder);
         }

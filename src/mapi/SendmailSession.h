@@ -7,11 +7,11 @@
 
 namespace turnpost {
 
-/// Where the sendmail program may stand: /usr/sbin, /usr/lib, then the search path's full paths.
+/// Where the sendmail program is looked for: /usr/sbin, /usr/lib, then the absolute paths in PATH.
 std::vector<std::string> sendmailFolders();
 
-/// The session of systems where mail is submitted through the program `sendmail`. It needs no
-/// profile and no password; what stands for being signed on is that the program is there.
+/// The session on systems where mail is submitted through the program `sendmail`. It needs no
+/// profile and no password; being signed on means that the program was found.
 class SendmailSession : public MailSession {
   public:
     explicit SendmailSession(std::vector<std::string> folders = sendmailFolders());
@@ -21,7 +21,7 @@ class SendmailSession : public MailSession {
     void DownLoadMail(bool) override {}
     void UserName(const std::string&) override {}
     void Password(const std::string&) override {}
-    /// Takes the first folder that holds an executable file of that name.
+    /// Uses the first folder that holds an executable file named `sendmail`.
     void SignOn() override;
     long SessionID() const override;
     void SignOff() override;

@@ -12,7 +12,7 @@ template <typename Call> void find(Call& call, HMODULE library, const char* name
     call = std::bit_cast<Call>(GetProcAddress(library, name));
 }
 
-// Without a mail client the system's library would ask the person to set one up, or take every
+// Without a mail client, the system's library would ask the host to set one up, or accept every
 // message and drop it.
 bool isMailClientSetUp() {
     for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
@@ -30,7 +30,7 @@ bool isMailClientSetUp() {
 
 bool SimpleMapi::load() {
     if (library_ == nullptr) {
-        // The system's folder only: a library of this name beside the program is not to be trusted.
+        // Only from the system's folder: a library beside the program is not to be trusted.
         library_ = LoadLibraryExW(libraryName_.c_str(), nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     }
     if (library_ == nullptr) {

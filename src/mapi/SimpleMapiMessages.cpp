@@ -29,7 +29,7 @@ std::string withNativeSeparators(std::string path) {
 } // namespace
 
 std::optional<Refusal> SimpleMapiMessages::Send() {
-    // Simple MAPI's structures only point to their texts; a deque leaves them where they are.
+    // Simple MAPI's structures only point to their texts; a deque never moves its elements.
     std::deque<std::wstring> texts;
     const auto keep = [&texts](const std::string& text) {
         return texts.emplace_back(toUtf16(text)).data();

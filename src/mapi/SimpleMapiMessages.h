@@ -7,9 +7,9 @@
 
 namespace turnpost {
 
-/// Submits messages through Simple MAPI. Names and texts go out as they are, paths with the
-/// system's separator. An address gets the type "SMTP:" in front, which the form of Simple MAPI's
-/// addresses asks for, unless it names a type itself ("FAX:...").
+/// Submits messages through Simple MAPI. Names and texts are passed unchanged, paths with the
+/// system's separator. Simple MAPI wants a type in front of each address; an address that names
+/// none itself (like "FAX:...") gets "SMTP:".
 class SimpleMapiMessages final : public ComposedMessage {
   public:
     explicit SimpleMapiMessages(std::shared_ptr<SimpleMapi> mapi) : mapi_(std::move(mapi)) {}

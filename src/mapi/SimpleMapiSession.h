@@ -7,8 +7,8 @@
 
 namespace turnpost {
 
-/// A session with the desktop's mail client through Simple MAPI. Closed at the latest when the
-/// object goes.
+/// A session with the desktop's mail client through Simple MAPI. The destructor closes it if it is
+/// still open.
 class SimpleMapiSession final : public MailSession {
   public:
     explicit SimpleMapiSession(std::shared_ptr<SimpleMapi> mapi) : mapi_(std::move(mapi)) {}
