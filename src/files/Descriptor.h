@@ -5,7 +5,7 @@
 
 namespace turnpost {
 
-/// A file descriptor that is closed with its owner; -1 stands for none.
+/// Owns a file descriptor and closes it; -1 stands for none.
 class Descriptor {
   public:
     explicit Descriptor(int opened = -1) : number_(opened) {}

@@ -6,11 +6,11 @@
 
 namespace turnpost {
 
-/// The system's own words for an error, as UTF-8 whatever its language.
+/// The system's own words for an error, in UTF-8.
 std::string systemReason(std::error_code code);
 
-/// A file could not be read or written. Carries the full path and the system's own reason as text
-/// for a person; caught where a command ends, never let through to the window system.
+/// A file could not be read or written. Holds the full path and the reason in words for the host.
+/// Each command catches it; it must not reach the window system.
 class FileError : public std::runtime_error {
   public:
     FileError(std::string path, const std::string& reason)

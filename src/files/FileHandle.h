@@ -8,7 +8,7 @@ namespace turnpost {
 
 inline constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-/// A handle of a file that is closed with its owner.
+/// Owns a file handle and closes it.
 class FileHandle {
   public:
     explicit FileHandle(HANDLE opened) : handle_(opened) {}
@@ -28,10 +28,10 @@ class FileHandle {
     HANDLE handle_;
 };
 
-/// Opens a file or folder to be asked about: links followed, whoever else holds it.
+/// Opens a file or folder to read its attributes, even if it is open elsewhere; follows links.
 FileHandle openForQueries(const std::string& path);
 
-/// Throws FileError with the words for an error number of the system.
+/// Throws FileError with the system's words for this error number.
 [[noreturn]] void throwSystemError(const std::string& path, DWORD code);
 
 } // namespace turnpost

@@ -10,11 +10,12 @@ namespace turnpost {
 
 namespace {
 
-// The marks that a file can be made with.
-constexpr DWORD keptMarks = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
-                            FILE_ATTRIBUTE_NOT_CONTENT_INDEXED | FILE_ATTRIBUTE_ENCRYPTED;
+// The attributes that CreateFile can set.
+constexpr DWORD keptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
+                                 FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED |
+                                 FILE_ATTRIBUTE_ENCRYPTED;
 
-// Where the bytes really have to go: the file behind a link.
+// The file to replace: the target, if `path` is a link.
 std::string targetOf(const std::string& path) {
     const FileHandle opened = openForQueries(path);
     DWORD code = GetLastError();
@@ -27,15 +28,16 @@ std::string targetOf(const std::string& path) {
             return fromNativePath(target);
         }
     }
-    const DWORD marks = GetFileAttributesW(toNativePath(path).c_str());
-    if (marks != INVALID_FILE_ATTRIBUTES && (marks & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
-        // A link that leads nowhere, or nobody knows where.
+    const DWORD attributes = GetFileAttributesW(toNativePath(path).c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
+        // The link leads nowhere, or its target cannot be found out.
         throwSystemError(path, code);
     }
     return path;
 }
 
-// Empty when the file system has none to tell; a file in the same folder then gets the same.
+// Empty when the file system has no permissions; a new file in the same folder then has none
+// either.
 std::vector<char> permissionsOf(const std::wstring& file) {
     DWORD size = 0;
     GetFileSecurityW(file.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
@@ -47,8 +49,8 @@ std::vector<char> permissionsOf(const std::wstring& file) {
     return permissions;
 }
 
-// The system refuses to rename over an open file with the first of these.
-bool mayBeHeld(DWORD code) {
+// Windows gives the first of these codes when a rename would replace an open file.
+bool mayBeOpenElsewhere(DWORD code) {
     return code == ERROR_ACCESS_DENIED || code == ERROR_SHARING_VIOLATION ||
            code == ERROR_LOCK_VIOLATION || code == ERROR_USER_MAPPED_FILE;
 }
@@ -57,18 +59,18 @@ bool isNothingThere(DWORD code) {
     return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND;
 }
 
-// The neighbour while it is being written; removed again unless it got its final name.
+// The temporary file; removed again unless it was renamed into place.
 class TemporaryFile {
   public:
-    TemporaryFile(const std::string& namedPath, const std::string& target)
-        : named_(namedPath), to_(toNativePath(target).wstring()),
-          from_(toNativePath(temporaryPathBeside(target)).wstring()), file_(create()) {}
+    TemporaryFile(const std::string& requestedPath, const std::string& target)
+        : requestedPath_(requestedPath), targetPath_(toNativePath(target).wstring()),
+          temporaryPath_(toNativePath(temporaryPathBeside(target)).wstring()), file_(create()) {}
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile() {
         file_.close();
         if (!inPlace_) {
-            DeleteFileW(from_.c_str());
+            DeleteFileW(temporaryPath_.c_str());
         }
     }
 
@@ -82,11 +84,12 @@ class TemporaryFile {
 
     void moveIntoPlace(const RetryLimits& limits) {
         const auto end = std::chrono::steady_clock::now() + limits.timeout;
-        while (MoveFileExW(from_.c_str(), to_.c_str(),
+        while (MoveFileExW(temporaryPath_.c_str(), targetPath_.c_str(),
                            MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0) {
             const DWORD code = GetLastError();
-            if (!mayBeHeld(code) || std::chrono::steady_clock::now() >= end) {
-                throwSystemError(named_, isHeld() ? ERROR_SHARING_VIOLATION : code);
+            if (!mayBeOpenElsewhere(code) || std::chrono::steady_clock::now() >= end) {
+                throwSystemError(requestedPath_,
+                                 isOpenElsewhere() ? ERROR_SHARING_VIOLATION : code);
             }
             if (limits.pause) {
                 limits.pause();
@@ -98,42 +101,42 @@ class TemporaryFile {
     }
 
   private:
-    // With the permissions and marks of the file to be replaced, from the beginning: what nobody
-    // else could read, nobody else can while it is written.
+    // Created with the old file's permissions and attributes, so that it is never more readable
+    // than that file.
     HANDLE create() const {
-        const DWORD marks = GetFileAttributesW(to_.c_str());
-        const bool exists = marks != INVALID_FILE_ATTRIBUTES;
+        const DWORD attributes = GetFileAttributesW(targetPath_.c_str());
+        const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
         require(exists || isNothingThere(GetLastError()));
         // Renaming might replace even a write-protected file, which its owner has locked on
         // purpose.
-        if (exists && (marks & FILE_ATTRIBUTE_READONLY) != 0) {
-            throwSystemError(named_, ERROR_ACCESS_DENIED);
+        if (exists && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+            throwSystemError(requestedPath_, ERROR_ACCESS_DENIED);
         }
-        auto permissions = exists ? permissionsOf(to_) : std::vector<char>();
+        auto permissions = exists ? permissionsOf(targetPath_) : std::vector<char>();
         SECURITY_ATTRIBUTES security{sizeof security, permissions.data(), FALSE};
-        const HANDLE made =
-            CreateFileW(from_.c_str(), GENERIC_WRITE, 0, permissions.empty() ? nullptr : &security,
-                        CREATE_NEW, exists ? marks & keptMarks : FILE_ATTRIBUTE_NORMAL, nullptr);
+        const HANDLE made = CreateFileW(
+            temporaryPath_.c_str(), GENERIC_WRITE, 0, permissions.empty() ? nullptr : &security,
+            CREATE_NEW, exists ? attributes & keptAttributes : FILE_ATTRIBUTE_NORMAL, nullptr);
         require(made != INVALID_HANDLE_VALUE);
         return made;
     }
 
-    // The move's own refusal does not tell that from a lack of permission.
-    bool isHeld() const {
+    // A failed rename gives the same code for an open file and for missing permission.
+    bool isOpenElsewhere() const {
         const FileHandle opened(
-            CreateFileW(to_.c_str(), DELETE, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+            CreateFileW(targetPath_.c_str(), DELETE, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
         return !opened.isOpen() && GetLastError() == ERROR_SHARING_VIOLATION;
     }
 
     void require(bool good) const {
         if (!good) {
-            throwSystemError(named_, GetLastError());
+            throwSystemError(requestedPath_, GetLastError());
         }
     }
 
-    std::string named_;
-    std::wstring to_;
-    std::wstring from_;
+    std::string requestedPath_;
+    std::wstring targetPath_;
+    std::wstring temporaryPath_;
     FileHandle file_;
     bool inPlace_ = false;
 };

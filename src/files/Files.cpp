@@ -60,7 +60,7 @@ std::string readFile(const std::string& path, size_t limit) {
     if (size > maxFileBytes) {
         throw FileError(*found, std::make_error_code(std::errc::file_too_large));
     }
-    // Growing step by step would take several times the memory.
+    // Allocated at once: growing step by step would take several times the memory.
     bytes.reserve(static_cast<size_t>(size.value_or(0)));
     readInto(bytes, *found, limit);
     return bytes;

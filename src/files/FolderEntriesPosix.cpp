@@ -17,7 +17,7 @@ std::optional<std::vector<FolderEntry>> folderEntries(const std::string& folder)
         std::error_code unreadable;
         const bool isFolder = entry->is_directory(unreadable);
         if (isFolder || entry->is_regular_file(unreadable)) {
-            // Taking the path apart would cost most of the time that a large folder takes.
+            // path().filename() would take most of the time in a large folder.
             const std::string& path = entry->path().native();
             std::string name = path.substr(path.find_last_of('/') + 1);
             const bool hidden = name.starts_with('.');

@@ -4,15 +4,15 @@
 
 namespace turnpost {
 
-/// The folder of the running program, without a trailing separator; empty when the system does not
-/// tell.
+/// The folder of the running program, without a trailing separator; empty when the system cannot
+/// tell it.
 std::string programFolder();
 
-/// The person's configuration folder for this program, without a trailing separator; it need not
-/// exist. Empty when the person has no home.
+/// The user's configuration folder for this program, without a trailing separator; it need not
+/// exist. Empty when the user has no home folder.
 std::string configurationFolder();
 
-/// True when files may be made in the folder.
+/// True when files may be created in the folder.
 bool isFolderWritable(const std::string& folder);
 
 } // namespace turnpost

@@ -15,7 +15,7 @@ std::string programFolder() {
 
 std::string configurationFolder() {
     const char* configured = std::getenv("XDG_CONFIG_HOME");
-    // The XDG base directory rules: a relative path there is to be ignored.
+    // By the XDG base directory rules a relative path is ignored.
     if (configured != nullptr && configured[0] == '/') {
         return joinPath(configured, "nimbus-turnpost");
     }

@@ -21,8 +21,8 @@ std::string configurationFolder() {
 }
 
 bool isFolderWritable(const std::string& folder) {
-    // To be allowed to add files is asked for, and none is added: where the settings are only
-    // looked for, nothing may change.
+    // Asks for the right to add files without adding one: looking for the settings must change
+    // nothing.
     const FileHandle opened(CreateFileW(toNativePath(folder).c_str(), FILE_ADD_FILE, shareAll,
                                         nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS,
                                         nullptr));

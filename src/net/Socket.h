@@ -13,12 +13,12 @@ class SocketEvents {
   public:
     virtual ~SocketEvents() = default;
 
-    /// Data has arrived and waits for GetData. Once for each arrival.
+    /// Data has arrived; GetData returns it. Called once for each arrival.
     virtual void DataArrival() = 0;
 
     /// The connection failed or broke. `number` is the well-known Winsock number on every system
     /// (10061 refused, 11001 host not found, 10054 reset ...), `description` the socket's own
-    /// words. A graceful close by the server is no error and gives no event.
+    /// words. An orderly close by the server is not an error and gives no event.
     virtual void Error(int number, const std::string& description) = 0;
 };
 
@@ -30,33 +30,33 @@ class Socket {
 
     virtual void setEvents(SocketEvents* events) = 0;
 
-    /// Requests a connection; the server's first data, or Error, tells how it went.
+    /// Requests a connection. The server's first data, or Error, tells whether it was made.
     virtual void Connect(const std::string& host, std::uint16_t port) = 0;
 
     /// True from Connect until the connection is closed by either side or has failed.
     virtual bool isOpen() const = 0;
 
-    /// How long the server has said nothing: the time since its last data, or since Connect.
+    /// How long the server has sent nothing: the time since its last data, or since Connect.
     virtual std::chrono::steady_clock::duration silence() const = 0;
 
     enum class Send { Now, WithNext };
 
-    /// Queues bytes for sending, in order; those that may wait for the next call go out together
-    /// with its bytes. Ignored without a connection.
+    /// Queues bytes for sending, in order. Bytes sent WithNext may wait for the next call and go
+    /// out together with its bytes. Ignored without a connection.
     virtual void SendData(std::string bytes, Send when) = 0;
     void SendData(std::string bytes) { SendData(std::move(bytes), Send::Now); }
 
-    /// All bytes waiting; empty when there are none.
+    /// All bytes that have arrived since the last call; empty when there are none.
     virtual std::string GetData() = 0;
 
-    /// Ends the connection; does nothing when there is none. Bytes that the system has taken are
-    /// still delivered, followed by an orderly end of stream; bytes still queued are dropped, so
-    /// that an unfinished message is never completed behind the sender's back.
+    /// Ends the connection; does nothing when there is none. Bytes that the system has accepted are
+    /// still delivered, followed by an orderly end of stream. Bytes still queued are dropped, so
+    /// that an unfinished message is never completed after its send was ended.
     virtual void Close() = 0;
 
-    /// Ends the connection for its owner at once, as Close does, but keeps what is queued: all of
-    /// it goes out in the background, followed by an orderly end of stream. Given up when no byte
-    /// has moved for a minute, and at the program's end.
+    /// Ends the connection for the caller at once, as Close does, but keeps the queued bytes: they
+    /// are sent in the background, followed by an orderly end of stream. That is given up when no
+    /// byte has moved for a minute, and when the program ends.
     virtual void CloseWhenSent() = 0;
 };
 

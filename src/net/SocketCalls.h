@@ -1,7 +1,7 @@
 #pragma once
 
-// The systems' socket calls have the same names, arguments and results. What differs is here, for
-// SystemSocket and whoever sets up sockets of another kind.
+// The socket calls of the systems have the same names, arguments and results. The differences are
+// here, for SystemSocket and for the test tools, which have sockets of their own.
 
 #ifdef _WIN32
 #include <winsock2.h>
@@ -36,15 +36,15 @@ inline constexpr int noSignal = MSG_NOSIGNAL;
 /// The error of the last call.
 int lastSocketError();
 
-/// True for the "errors" of a call that did not wait.
+/// True for EAGAIN, EINPROGRESS, WSAEWOULDBLOCK.
 bool isInProgress(int error);
 
-/// Makes the socket's calls never wait, and keeps it from programs that are started.
+/// Makes the socket's calls return at once, and keeps programs that are started from inheriting it.
 void makeNonBlocking(SocketHandle handle);
 
 void closeSocket(SocketHandle handle);
 
-/// As poll(2).
+/// poll(2) for one socket; `timeout` in milliseconds.
 int pollSocket(pollfd& polled, int timeout);
 
 } // namespace turnpost

@@ -6,10 +6,10 @@ namespace turnpost {
 
 namespace {
 
-constexpr size_t piece = 1 << 16;
+constexpr size_t maxTransfer = 1 << 16;
 
-// What a system says to sending once the connection has been reset, and has been said to be.
-int known(int error) {
+// EPIPE here means a reset that has been reported already.
+int pipeErrorAsReset(int error) {
     return error == brokenPipeError ? resetError : error;
 }
 
@@ -51,19 +51,20 @@ int SystemSocket::pendingError() {
     int error = 0;
     socklen_t size = sizeof error;
     getsockopt(native(handle_), SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &size);
-    return known(error);
+    return pipeErrorAsReset(error);
 }
 
 SystemSocket::Transfer SystemSocket::send(std::string_view bytes) {
     Transfer transfer{Transfer::Moved};
     while (transfer.count < bytes.size()) {
-        const std::string_view next = bytes.substr(transfer.count, piece);
+        const std::string_view next = bytes.substr(transfer.count, maxTransfer);
         const auto taken =
             ::send(native(handle_), next.data(), static_cast<SocketLength>(next.size()), noSignal);
         if (taken < 0) {
             const int error = lastSocketError();
-            return isInProgress(error) ? Transfer{Transfer::WouldBlock, transfer.count}
-                                       : Transfer{Transfer::Failed, transfer.count, known(error)};
+            return isInProgress(error)
+                       ? Transfer{Transfer::WouldBlock, transfer.count}
+                       : Transfer{Transfer::Failed, transfer.count, pipeErrorAsReset(error)};
         }
         transfer.count += static_cast<size_t>(taken);
     }
@@ -71,24 +72,24 @@ SystemSocket::Transfer SystemSocket::send(std::string_view bytes) {
 }
 
 SystemSocket::Transfer SystemSocket::receive(std::string& bytes) {
-    char arrived[piece];
-    const auto count = recv(native(handle_), arrived, piece, 0);
+    char arrived[maxTransfer];
+    const auto count = recv(native(handle_), arrived, maxTransfer, 0);
     if (count > 0) {
         bytes.append(arrived, static_cast<size_t>(count));
         return {Transfer::Moved, static_cast<size_t>(count)};
     }
-    // A reset, too, is an end of stream when it came after the other side's end, or the system has
-    // told of it before. But then the connection takes nothing any more, not even no bytes.
+    // recv() also returns 0 after a reset that followed the peer's FIN or was reported before.
+    // Sending no bytes tells a reset from an orderly end: it fails on a reset connection.
     if (count == 0 && (endedSending_ || ::send(native(handle_), nullptr, 0, noSignal) == 0)) {
         return {Transfer::Ended};
     }
     const int error = lastSocketError();
     return isInProgress(error) ? Transfer{Transfer::WouldBlock}
-                               : Transfer{Transfer::Failed, 0, known(error)};
+                               : Transfer{Transfer::Failed, 0, pipeErrorAsReset(error)};
 }
 
 void SystemSocket::endSending() {
-    constexpr int sendingSide = 1; // The systems have different names for it.
+    constexpr int sendingSide = 1; // SHUT_WR or SD_SEND
     shutdown(native(handle_), sendingSide);
     endedSending_ = true;
 }

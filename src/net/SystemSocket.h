@@ -7,12 +7,12 @@
 
 namespace turnpost {
 
-/// A TCP socket of the system whose calls never wait, but for wait(). An error is the system's own
-/// number, 0 for none.
+/// A TCP socket of the system. No call waits, except wait(). An error is the system's own number, 0
+/// for none.
 class SystemSocket {
   public:
-    /// What came of sending or receiving: bytes have moved; not now; the other side has ended its
-    /// sending in good order; or `error`.
+    /// The result of sending or receiving: bytes have moved; none can move now; the peer has ended
+    /// its sending in good order; or it failed with `error`.
     struct Transfer {
         enum State { Moved, WouldBlock, Ended, Failed } state = WouldBlock;
         size_t count = 0;
@@ -20,8 +20,8 @@ class SystemSocket {
     };
 
     SystemSocket() = default;
-    /// Takes over a socket of the system; a negative one is none. Its bytes go out at once: a small
-    /// message that waits for more to join it would wait for a delayed acknowledgement, too.
+    /// Takes ownership of a socket of the system; a negative number stands for none. Turns off the
+    /// delay of small messages (TCP_NODELAY), which would also wait for a delayed acknowledgement.
     explicit SystemSocket(std::intptr_t opened);
     SystemSocket& operator=(SystemSocket&& other) noexcept {
         std::swap(handle_, other.handle_);
@@ -33,26 +33,26 @@ class SystemSocket {
     bool isOpen() const { return handle_ >= 0; }
     std::intptr_t descriptor() const { return handle_; }
 
-    /// Begins a connection to a numeric address, IPv4 or IPv6, by a fresh socket. Once that is
-    /// writable, pendingError() tells how it went.
+    /// Begins to connect a new socket to a numeric address (IPv4 or IPv6); returns an error that
+    /// occurs at once. When the socket is writable, pendingError() tells whether it is connected.
     int connect(const std::string& address, std::uint16_t port);
 
-    /// What has happened to the connection since the last call of any kind, and forgets it.
+    /// Returns and clears the pending error (SO_ERROR).
     int pendingError();
 
-    /// Hands bytes to the system until it takes no more. Moved when it has taken all of them, else
-    /// WouldBlock or Failed; `count` tells how many it took in any case.
+    /// Passes bytes to the system until it accepts no more. Moved when it has accepted all of them,
+    /// else WouldBlock or Failed; `count` is the number of accepted bytes in any case.
     Transfer send(std::string_view bytes);
 
-    /// Appends what has arrived, a limited piece at a time.
+    /// Appends what has arrived, at most 64 KiB.
     Transfer receive(std::string& bytes);
 
-    /// Ends the sending side in good order; reading goes on.
+    /// Ends the sending side in good order; receiving is still possible.
     void endSending();
 
-    /// Waits until there is something to receive, the other side's end and a broken connection
-    /// included, or room for sending if so wanted; no longer than this many milliseconds. True when
-    /// there is.
+    /// Waits at most `timeout` milliseconds until there is something to receive or, with `forRoom`,
+    /// room for sending. The end and a break of the connection count as something to receive. False
+    /// after a time-out.
     bool wait(bool forRoom, int timeout);
 
     void close();

@@ -9,7 +9,7 @@ namespace turnpost {
 
 namespace {
 
-// Winsock's names are these with WSA before them.
+// Each error with the number of the corresponding Winsock error.
 const std::pair<int, int> numbers[] = {
     {EACCES, 10013},       {EPERM, 10013},        {EINVAL, 10022},        {EMFILE, 10024},
     {EAFNOSUPPORT, 10047}, {EADDRINUSE, 10048},   {EADDRNOTAVAIL, 10049}, {ENETDOWN, 10050},

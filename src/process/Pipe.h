@@ -9,10 +9,9 @@
 
 namespace turnpost {
 
-/// A pipe whose two ends are closed in this process with their owner, and in every program that
-/// this process starts.
+/// A pipe. The owner of an end closes it; programs that this process starts do not inherit it.
 struct Pipe {
-    /// Throws std::system_error when the system has none to give.
+    /// Throws std::system_error when no pipe can be made.
     Pipe() {
         std::array<int, 2> ends{};
         if (pipe2(ends.data(), O_CLOEXEC) != 0) {

@@ -8,15 +8,14 @@
 
 namespace turnpost {
 
-/// Our end of the pipe that a program writes its standard output or standard error to.
+/// Our end of the pipe to which a program writes its standard output or standard error.
 ///
-/// A pipe and not a file: a program that is left behind may write for as long as it lives, and a
-/// pipe takes 64 KiB of that and no more. The program's end is open for reading as well: the pipe
-/// then has a reader for as long as somebody can write to it, so no process gets SIGPIPE when our
-/// end is closed.
+/// A pipe and not a file, because a program that is left running may write without end, and a pipe
+/// holds only 64 KiB. The program's end is also open for reading. So the pipe has a reader as long
+/// as any process can write to it, and no process gets SIGPIPE when our end is closed.
 class ProgramOutput {
   public:
-    /// Throws std::system_error when the system has no pipe to give.
+    /// Throws std::system_error when no pipe can be made.
     ProgramOutput() {
         fcntl(pipe_.reading.get(), F_SETFL, O_NONBLOCK);
         const std::string name = "/proc/self/fd/" + std::to_string(pipe_.writing.get());
@@ -25,16 +24,16 @@ class ProgramOutput {
         }
     }
 
-    /// The end for the program to be started.
+    /// The end for the program that is to be started.
     int writingEnd() const { return pipe_.writing.get(); }
     /// Descriptor to poll for input.
     int readingEnd() const { return pipe_.reading.get(); }
 
-    /// Takes what the pipe holds at this moment, and keeps the last 64 KiB of all it has taken.
-    /// Never waits.
+    /// Reads what the pipe holds at this moment and keeps the last 64 KiB of everything read. Never
+    /// waits.
     void read() {
         constexpr size_t maxText = 65536;
-        // Not until the pipe is empty: a program may write faster than it can be read.
+        // Does not read until the pipe is empty: a program may write faster than we read.
         int available = 0;
         ioctl(pipe_.reading.get(), FIONREAD, &available);
         std::string bytes(static_cast<size_t>(available), '\0');
@@ -43,7 +42,7 @@ class ProgramOutput {
         text_.erase(0, text_.size() - std::min(text_.size(), maxText));
     }
 
-    /// Reads once more and gives what was kept. From then on a program that still writes never
+    /// Reads once more and returns what was kept. From then on a program that still writes never
     /// blocks: what does not fit into the pipe is refused with EAGAIN.
     std::string finish() {
         read();

@@ -39,7 +39,7 @@ pid_t start(const std::string& program, const std::vector<std::string>& argument
     for (int number = STDIN_FILENO; number <= STDERR_FILENO && error == 0; ++number) {
         error = posix_spawn_file_actions_adddup2(&files, descriptors.at(number), number);
     }
-    // A session of its own has no terminal, and is a group of its own that can be killed as one.
+    // A session of its own has no terminal, and all its processes can be killed as one group.
     posix_spawnattr_setflags(&attributes,
                              POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
     sigset_t set;
@@ -73,7 +73,7 @@ class Process {
         fcntl(input_.writing.get(), F_SETFL, O_NONBLOCK);
     }
 
-    // Exchanges input and output with it until it ends by itself or is killed.
+    // Writes the input and reads the output until the program ends by itself or is killed.
     ProgramEnd wait(milliseconds timeout) {
         auto deadline = Clock::now() + timeout;
         bool killed = false;
@@ -111,11 +111,11 @@ class Process {
     }
 
     void exchange() {
-        std::array<pollfd, 4> places{
+        std::array<pollfd, 4> polled{
             pollfd{input_.writing.get(), POLLOUT, 0}, pollfd{output_.readingEnd(), POLLIN, 0},
             pollfd{errors_.readingEnd(), POLLIN, 0}, pollfd{endNotice_.get(), POLLIN, 0}};
-        poll(places.data(), places.size(), pollInterval.count());
-        if (places[0].revents != 0) {
+        poll(polled.data(), polled.size(), pollInterval.count());
+        if (polled[0].revents != 0) {
             writeInput();
         }
         output_.read();
@@ -130,8 +130,8 @@ class Process {
         }
     }
 
-    // We keep its reading end open too: when the program closes its input, writing then fails with
-    // EAGAIN once the pipe is full, and nobody gets SIGPIPE.
+    // We keep its reading end open too, so that we do not get SIGPIPE when the program closes its
+    // input: writing then fails with EAGAIN once the pipe is full.
     Pipe input_;
     ProgramOutput output_;
     ProgramOutput errors_;
@@ -145,7 +145,7 @@ class Process {
 
 ProgramEnd runProgram(const std::string& program, const std::vector<std::string>& arguments,
                       const std::string& input, milliseconds timeout) {
-    // Where this process was started with SIGCHLD ignored, the system keeps no child's exit status.
+    // If this process was started with SIGCHLD ignored, the system keeps no exit status of a child.
     struct sigaction before {};
     sigaction(SIGCHLD, nullptr, &before);
     if (before.sa_handler == SIG_IGN || (before.sa_flags & SA_NOCLDWAIT) != 0) {

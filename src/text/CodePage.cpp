@@ -134,7 +134,7 @@ std::string fromFileBytes(std::string_view bytes) {
 bool hasWireBytes(char32_t character) {
     std::string text;
     appendUtf8(text, character);
-    // Beyond the first 65,536 characters a page may give one "?" for each half of a pair.
+    // A character above U+FFFF may become two "?", one for each half of its surrogate pair.
     return character == '?' || toWireBytes(text).find_first_not_of('?') != std::string::npos;
 }
 

@@ -6,7 +6,7 @@ namespace turnpost {
 
 namespace {
 
-// The number of GB 18030, which has no name.
+// GB 18030; windows.h has no constant for it.
 constexpr UINT chineseUnicode = 54936;
 
 std::wstring toWide(UINT codePage, std::string_view bytes) {
@@ -20,8 +20,8 @@ std::wstring toWide(UINT codePage, std::string_view bytes) {
 }
 
 std::string toBytes(UINT codePage, std::wstring_view wide) {
-    // Best-fit characters would change a name silently; "?" can be seen. Code pages that hold every
-    // character refuse the call with this flag.
+    // A missing character becomes "?", because a similar character would change a name unnoticed.
+    // Code pages that hold every character do not accept this flag.
     const bool holdsAll = codePage == CP_UTF8 || codePage == chineseUnicode;
     const DWORD flags = holdsAll ? 0 : WC_NO_BEST_FIT_CHARS;
     const char* const missing = holdsAll ? nullptr : "?";
@@ -37,7 +37,7 @@ std::string toBytes(UINT codePage, std::wstring_view wide) {
 } // namespace
 
 std::string fromSystemBytes(std::string_view bytes) {
-    // With UTF-8 as the system's code page, these are of a time or a system with another one.
+    // If UTF-8 is the system's code page, these bytes come from a system with another code page.
     return GetACP() == CP_UTF8 ? fromWindows1252(bytes) : fromUtf16(toWide(GetACP(), bytes));
 }
 

@@ -18,14 +18,14 @@ std::string join(std::string_view first, std::string_view second, std::string_vi
     return std::string(first).append(second).append(third);
 }
 
-// What of a reason a person can take in, and a box can hold.
+// How much of a path or reason is shown.
 constexpr size_t maxCharacters = 500;
 
 std::string shown(std::string_view reason) {
     return shortened(reason, maxCharacters);
 }
 
-// Paths may come from two systems, and be put together of both.
+// A path that was joined from paths of two systems holds both separators.
 std::string shownPath(std::string_view path) {
     std::string result = shown(path);
     if (result.find('/') != std::string::npos && result.find('\\') != std::string::npos) {
@@ -39,7 +39,7 @@ std::string fileBox(std::string_view beginning, std::string_view path, std::stri
     return join(join(beginning, shownPath(path)), "\r\n", shown(reason));
 }
 
-// As code charts write it: U+ and at least four digits.
+// In the notation of Unicode: U+ and at least four digits.
 std::string codeOf(char32_t character) {
     std::ostringstream code;
     code << "U+" << std::hex << std::uppercase << std::setw(4) << std::setfill('0')
@@ -51,7 +51,7 @@ std::string character(int place) {
     return "character " + std::to_string(place);
 }
 
-// A file's finding is the name of its kind followed by one of these.
+// The line about a file is the name of its kind followed by one of these.
 constexpr std::string_view notFound = "not found ";
 constexpr std::string_view cannotBeRead = "cannot be read ";
 
@@ -67,7 +67,7 @@ std::string extraFile(int entry, std::string_view finding) {
     return join("File " + std::to_string(entry), " ", finding);
 }
 
-// The exit statuses of sysexits, from firstMailStatus on.
+// The exit statuses of sysexits(3), from firstMailStatus on.
 constexpr int firstMailStatus = 64;
 constexpr std::array<std::string_view, 15> mailStatuses = {
     "The mail program does not understand its arguments",
@@ -87,7 +87,7 @@ constexpr std::array<std::string_view, 15> mailStatuses = {
     "The mail system is not set up properly",
 };
 
-// By their numbers; an empty one has no meaning.
+// Indexed by MAPI_E code; an empty text is an unused code.
 constexpr std::array<std::string_view, 29> simpleMapiFailures = {
     "",
     "The mail program was cancelled",

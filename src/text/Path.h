@@ -11,19 +11,19 @@ inline constexpr char pathSeparator = '\\';
 inline constexpr char pathSeparator = '/';
 #endif
 
-/// Both separators count everywhere: paths may come from the game's Windows side.
+/// Both separators count on every system, because a path may come from Windows.
 constexpr bool isSeparator(char c) {
     return c == '\\' || c == '/';
 }
 
-/// The part of a path after its last separator; a path without one is taken whole.
+/// The part of a path after its last separator; the whole path when it has none.
 std::string nameOfPath(std::string_view path);
 
-/// The part of a path before its last separator, a root with its separator ("/", "C:\"); empty for
+/// The part of a path before its last separator; a root keeps its separator ("/", "C:\"). Empty for
 /// a path without a separator.
 std::string folderOfPath(std::string_view path);
 
-/// The folder ending in a separator: the system's own one is added where there is none. An empty
+/// The folder with a separator at its end; if it has none, the system's own is added. An empty
 /// folder stays empty.
 std::string withSeparator(std::string_view folder);
 

@@ -4,8 +4,8 @@
 
 namespace turnpost {
 
-/// Why something was not done, in words for a person. Functions that may refuse give a
-/// std::optional of it: nothing when all went well.
+/// Why something was not done, in words for the host. Functions that may refuse return
+/// std::optional<Refusal>: nothing when all went well.
 struct Refusal {
     std::string words;
 

@@ -17,12 +17,12 @@ std::string oneLine(std::string_view text);
 /// 5321, 2.3.8.
 std::string withCrLf(std::string_view text);
 
-/// The text with its middle replaced by "..." when it is longer than `maxLength` characters, those
-/// of UTF-8; never cut inside one.
+/// The text with its middle replaced by "..." when it has more than `maxLength` code points; never
+/// cut inside a code point.
 std::string shortened(std::string_view text, size_t maxLength);
 
-/// The text in lower case for comparing file names: ASCII and the accented letters of Latin-1,
-/// which is what names made by the game hold. Bytes that are no UTF-8 are kept.
+/// The text with the letters of ASCII and Latin-1 in lower case, for comparing file names; the game
+/// uses no other letters in them. Bytes that are not UTF-8 are kept.
 std::string foldCase(std::string_view text);
 
 } // namespace turnpost

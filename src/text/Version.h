@@ -12,7 +12,7 @@ struct Version {
     int revision = 0;
 };
 
-/// That of this release, given to the build by CMakeLists.txt.
+/// The version of this release; CMakeLists.txt gives it to the build.
 extern const Version currentVersion;
 
 /// Major, minor and revision in decimal without padding, joined by ".": 1.3.0.
