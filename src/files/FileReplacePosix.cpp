@@ -17,8 +17,8 @@ namespace {
     throw FileError(path, std::error_code(code, std::generic_category()));
 }
 
-// Where the bytes really have to go: the file behind a link, or a new one in the folder as it
-// stands on disk; both found without regard to case.
+// The path that is replaced: the target of a link, or a new file in the folder by its on-disk
+// spelling. Both are looked up without regard to case.
 std::string targetOf(const std::string& path) {
     const std::string folder = folderOfPath(path);
     std::string target =
@@ -35,7 +35,7 @@ std::string targetOf(const std::string& path) {
     fail(path, ELOOP);
 }
 
-// The neighbour while it is being written; removed again unless it got its final name.
+// The temporary file while it is being written. Deleted unless it was renamed to the final name.
 class TemporaryFile {
   public:
     explicit TemporaryFile(const std::string& target)
@@ -109,7 +109,7 @@ void flushFolder(const std::string& folder) {
 
 } // namespace
 
-// A file that others hold can be renamed over.
+// A file that is open elsewhere can be replaced here; no retry is needed.
 void replaceFile(const std::string& path, const std::string& bytes, const RetryLimits&) {
     requireNoOtherKind(path);
     const std::string target = targetOf(path);

@@ -33,6 +33,9 @@ std::optional<std::string> findPath(const std::string& path);
 /// pipe or a device, because reading it could hang or never end.
 std::optional<std::string> findFile(const std::string& path);
 
+/// True for a folder, or a link to one.
+bool isFolder(const std::string& path);
+
 /// The number of bytes of an ordinary file; nothing when the system cannot tell it.
 std::optional<std::uintmax_t> fileSize(const std::string& path);
 

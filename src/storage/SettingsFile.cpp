@@ -93,7 +93,7 @@ SettingsFile::Outcome SettingsFile::read(Settings& settings) {
     std::string bytes = readFile(filePath_, maxOwnFileBytes + 1);
     const bool tooLarge = bytes.size() > maxOwnFileBytes;
     if (tooLarge) {
-        // Not inside a character.
+        // Cut at a line end, never inside a UTF-8 character.
         bytes.resize(bytes.rfind('\n') + 1);
     }
     SettingsReading reading = parseSettings(fromFileBytes(bytes));
