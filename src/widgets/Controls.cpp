@@ -80,12 +80,14 @@ void ElidingComboBox::paintEvent(QPaintEvent*) {
 QString plainTip(const QString& text) {
     constexpr qsizetype lineLength = 60;
     QStringList lines;
-    for (const QString& line : text.split('\n')) {
-        qsizetype at = 0;
-        do {
-            lines += line.mid(at, lineLength).toHtmlEscaped();
-            at += lineLength;
-        } while (at < line.size());
+    for (QString line : text.split('\n')) {
+        while (line.size() > lineLength) {
+            const qsizetype blank = line.lastIndexOf(' ', lineLength - 1);
+            const qsizetype end = blank < 0 ? lineLength : blank + 1;
+            lines += line.left(end).toHtmlEscaped();
+            line.remove(0, end);
+        }
+        lines += line.toHtmlEscaped();
     }
     return "<p style='white-space:pre'>" + lines.join("<br>") + "</p>";
 }

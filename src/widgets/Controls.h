@@ -41,7 +41,7 @@ class ElidingComboBox final : public QComboBox {
 };
 
 /// A tooltip with this text as plain text; Qt would interpret markup in it. Line breaks (LF) are
-/// kept, and one is added after each 60 characters, because Qt breaks no line without blanks.
+/// kept. A line of more than 60 characters is broken after a blank, or anywhere if it has none.
 QString plainTip(const QString& text);
 
 } // namespace turnpost
