@@ -18,6 +18,14 @@ constexpr std::wstring_view serverWithoutLimit = L"\\\\?\\UNC\\";
 // Folders can be made up to here; files take a few characters more.
 constexpr size_t maxLengthForAllCalls = MAX_PATH - 12 - 1;
 
+// The C++ library's absolute() keeps ".." and slashes, which no call takes after the prefix.
+std::wstring fullPath(const std::wstring& path) {
+    std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+    full.resize(
+        GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+    return full;
+}
+
 } // namespace
 
 void throwSystemError(const std::string& path, DWORD code) {
@@ -37,8 +45,7 @@ std::filesystem::path toNativePath(const std::string& path) {
     if (wide.size() <= maxLengthForAllCalls || wide.starts_with(withoutLimit)) {
         return wide;
     }
-    std::error_code ignored;
-    const std::wstring whole = std::filesystem::absolute(wide, ignored).wstring();
+    const std::wstring whole = fullPath(wide);
     return whole.starts_with(L"\\\\") ? std::wstring(serverWithoutLimit) + whole.substr(2)
                                       : std::wstring(withoutLimit) + whole;
 }
