@@ -120,6 +120,11 @@ void OneLineBox::dropEvent(QDropEvent* event) {
 }
 
 void OneLineBox::inputMethodEvent(QInputMethodEvent* event) {
+    // Qt writes what a dead key or an input method commits into read-only boxes too.
+    if (isReadOnly()) {
+        event->ignore();
+        return;
+    }
     QInputMethodEvent line(event->preeditString(), event->attributes());
     line.setCommitString(lineOf(event->commitString()), event->replacementStart(),
                          event->replacementLength());

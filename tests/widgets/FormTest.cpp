@@ -60,6 +60,20 @@ TEST_F(OneLineBoxes, HoldOneLineAndUndoAPasteAsAWhole) {
     EXPECT_GT(box->maxLength(), 1 << 24);
 }
 
+TEST_F(OneLineBoxes, ReadOnlyBoxesTakeNoDeadKeyPasteOrDrop) {
+    box->setText("GAME.M1");
+    makeReadOnly(box);
+    clipboard.setText("pasted");
+    QInputMethodEvent deadKey;
+    deadKey.setCommitString("é");
+    QApplication::sendEvent(box, &deadKey);
+    QTest::keyClicks(box, "x");
+    QTest::keySequence(box, QKeySequence::Paste);
+    QTest::keySequence(box, QKeySequence::Cut);
+    drop("dropped");
+    EXPECT_EQ(box->text(), "GAME.M1");
+}
+
 TEST_F(OneLineBoxes, AddressBoxesDropForeignInvisibleCharacters) {
     const QString address = "\u200Bp\u200F1\u202A@\u202E\u2060e\u2064x\u2066.\u2069n\uFEFFet\u00AD";
     const auto texts = [&] {
