@@ -10,15 +10,15 @@
 
 namespace turnpost::automation {
 
-inline void PrintTo(const Command& command, std::ostream* out) {
+void PrintTo(const Command& command, std::ostream* out) {
     *out << command.name;
 }
 
 // The host has opened the game CUP in the folder game, which is the default game, and renamed it;
 // has mailed all players, which the mail system refused; and has sent by SMTP, which broke off at
-// player 3. Every value is its own: no row is like another or empty, nothing is as at the start.
+// player 3. So nothing is as at the start, and hardly a value is empty or like another.
 // The game OTHER in the folder game/other differs from CUP in everything.
-class Commands : public WindowTest, public testing::WithParamInterface<Command> {
+class EveryCommand : public WindowTest, public testing::WithParamInterface<Command> {
   protected:
     // See Command. The form is a dialog, or none for the main window.
     void does(const QString& deeds, QWidget* form = nullptr) {
@@ -124,17 +124,6 @@ class Commands : public WindowTest, public testing::WithParamInterface<Command> 
         return found;
     }
 
-    std::string windows;
-    std::string breaksAt;
-    FakeMail* session = nullptr;
-    FakeMail* mail = nullptr;
-    FakeMail::Record mailCalls;
-    ScriptedServer server{[this](Point point, int, const std::string& line) {
-        return line == "RCPT TO:" + breaksAt ? Answer{"", Answer::Then::Reset}
-               : breaksAt == "greeting"      ? Answer()
-                                             : goodAnswer(point);
-    }};
-
     void SetUp() override {
         writeGame("game/", "CUP", "Cup", false);
         writeGame("game/other/", "OTHER", "Other", true);
@@ -178,11 +167,15 @@ class Commands : public WindowTest, public testing::WithParamInterface<Command> 
     }
 
   private:
+    static std::string numbered(const std::string& beginning, int row, const char* end = "") {
+        return beginning + std::to_string(row + 1) + end;
+    }
+
     // Players 1, 2, 4, 6 and 10 are shown, players 1, 3, 4, 5, 10 and 16 included; the opposite in
     // the other game. Find Game finds all players in the first, and the first three in the other.
     void writeGame(const std::string& place, const std::string& base, const std::string& name,
                    bool opposite) const {
-        const std::string initial = opposite ? "o" : "c";
+        const char* const end = opposite ? "@o.org" : "@c.org";
         GameDetails game;
         game.GameName = name;
         game.GamePath = folder.path(place);
@@ -192,14 +185,13 @@ class Commands : public WindowTest, public testing::WithParamInterface<Command> 
                      std::string(12, 'x') + (opposite ? '\x0A' : '\x05') + '\0');
         folder.write(place + base + ".XY", "universe");
         for (int i = 0; i < rowCount; ++i) {
-            const std::string n = std::to_string(i + 1);
             const bool shown = i == 0 || i == 1 || i == 3 || i == 5 || i == 9;
             const bool included = i == 0 || (i >= 2 && i <= 4) || i == 9;
             game.row(i) = {.IncludePlayer = included != opposite ? 1 : 0,
-                           .PlayerName = name + " " + n,
-                           .PlayerEmail = "p" + n + "@" + initial + ".org",
-                           .AltEmail = "a" + n + "@" + initial + ".org",
-                           .GameFile = base + ".M" + n,
+                           .PlayerName = numbered(name + " ", i),
+                           .PlayerEmail = numbered("p", i, end),
+                           .AltEmail = numbered("a", i, end),
+                           .GameFile = numbered(base + ".M", i),
                            .Shown = shown != opposite};
             if (!opposite || i < 3) {
                 folder.write(place + game.row(i).GameFile, "turn");
@@ -210,9 +202,20 @@ class Commands : public WindowTest, public testing::WithParamInterface<Command> 
         folder.write(place + base + ".NTP",
                      printGameDetails(game, {name + " subject", name + "\r\nbody"}));
     }
+
+    std::string windows;
+    std::string breaksAt;
+    FakeMail* session = nullptr;
+    FakeMail* mail = nullptr;
+    FakeMail::Record mailCalls;
+    ScriptedServer server{[this](Point point, int, const std::string& line) {
+        return line == "RCPT TO:" + breaksAt ? Answer{"", Answer::Then::Reset}
+               : breaksAt == "greeting"      ? Answer()
+                                             : goodAnswer(point);
+    }};
 };
 
-TEST_P(Commands, ChangeWhatTheyAreForAndNothingElse) {
+TEST_P(EveryCommand, ChangesWhatItIsForAndNothingElse) {
     const State before = state();
     run(GetParam());
     const State after = state();
@@ -220,7 +223,7 @@ TEST_P(Commands, ChangeWhatTheyAreForAndNothingElse) {
     EXPECT_TRUE(wrong.empty()) << wrong;
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, Commands, testing::ValuesIn(commands),
+INSTANTIATE_TEST_SUITE_P(Table, EveryCommand, testing::ValuesIn(commands),
                          [](const auto& command) { return command.param.name; });
 
 } // namespace turnpost::automation
