@@ -123,8 +123,10 @@ inline const Command commands[] = {
      "frmAtch: chkMx chkXY txtFile(0)=x butAddAtch(1) butRemove(2) butOK; frmOpen: CUP.XY butLoad"},
     {"AttachmentsClosed", "butAtch", "window.focus=butAtch; ",
      "frmAtch: chkMx chkXY txtFile(0)=x butAddAtch(1) butRemove(2) close; frmOpen: CUP.XY butLoad"},
-    {"AttachmentsPickerCancelled", "butAtch", "window.focus=butAtch; ",
-     "frmAtch: butAddAtch(1) butOK; frmOpen: CUP.XY butCancel"},
+    {"AttachmentsPickerCancelled", "butAtch",
+     "window.focus=butAtch; attachments.Extra(0)=~/game/CUP.XY; ",
+     "frmAtch: butAddAtch(0) butAddAtch(1) butOK; frmOpen: CUP.XY butLoad; "
+     "frmOpen: CUP.M1 butCancel"},
     {"StoredGames", "mnuStoredCon",
      written + "GameNameToStore=Spring; settings.StoredGameName(0)= - Empty - ; "
                "settings.StoredGameFile(0)=; settings.StoredGameName(1)=Spring; "

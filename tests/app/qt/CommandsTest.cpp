@@ -84,7 +84,8 @@ class EveryCommand : public WindowTest, public testing::WithParamInterface<Comma
             expectWindows();
         }
         does(toQt(command.deeds));
-        EXPECT_TRUE(waitUntil([this] { return host().watcher().done(); }));
+        const ModalWatcher& watcher = host().watcher();
+        ASSERT_TRUE(waitUntil([&] { return watcher.done() || !watcher.faults().empty(); }));
     }
 
     // A value of the table, in which $settings and such stand for what the program now holds.
