@@ -1,0 +1,93 @@
+#include "widgets/OneLineBox.h"
+
+#include "automation/Waiting.h"
+#include "widgets/Form.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QTest>
+#include <QWindow>
+#include <gtest/gtest.h>
+
+namespace turnpost::automation {
+
+// A box, and how a text of another program comes in.
+class Boxes : public testing::Test {
+  protected:
+    using Deed = std::function<void(const QString& text)>;
+
+    Boxes() { form.show(); }
+
+    Deed press(const QKeySequence& keys) {
+        return [this, keys](const QString& text) {
+            QApplication::clipboard()->setText(text);
+            QTest::keySequence(box, keys);
+        };
+    }
+
+    // An item of the right button's menu, if there is one with this access key.
+    Deed choose(Qt::Key key) {
+        return [this, key](const QString& text) {
+            QApplication::clipboard()->setText(text);
+            QTest::mouseClick(form.windowHandle(), Qt::RightButton, {}, box->geometry().center());
+            QTest::keyClick(QApplication::activePopupWidget(), key);
+            if (QWidget* menu = QApplication::activePopupWidget()) {
+                menu->close(); // It has no such item.
+            }
+            runPendingEvents();
+        };
+    }
+
+    // As the toolkit does it: a box that does not take what enters is not given it.
+    const Deed drop = [this](const QString& text) {
+        QMimeData dragged;
+        dragged.setText(text);
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+        QDropEvent event({5, 5}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+        QApplication::sendEvent(box, &enter);
+        QApplication::sendEvent(box, &event);
+    };
+
+    QWidget form;
+    QLineEdit* box = makeTextBox(&form, "box", QRect(0, 0, 100, 40), "Box");
+};
+
+TEST_F(Boxes, ThatAreReadOnlyTakeAndLoseNothing) {
+    std::vector<Deed> deeds = {press(Qt::Key_X), press(Qt::Key_Backspace), choose(Qt::Key_P),
+                               choose(Qt::Key_T), drop};
+    for (const auto command : {QKeySequence::Paste, QKeySequence::Cut, QKeySequence::Delete}) {
+        for (const QKeySequence& keys : QKeySequence::keyBindings(command)) {
+            deeds.push_back(press(keys));
+        }
+    }
+    for (const bool readOnly : {false, true}) {
+        for (size_t i = 0; i < deeds.size(); ++i) {
+            box->setText("abc");
+            box->selectAll();
+            deeds[i]("other");
+            EXPECT_EQ(box->text() == "abc", readOnly) << "deed " << i;
+        }
+        makeReadOnly(box);
+    }
+}
+
+TEST_F(Boxes, MakeEachKindOfLineBreakOneBlank) {
+    const Deed set = [this](const QString& text) { box->setText(text); };
+    const Deed show = [this](const QString& text) { showLine(box, text.toStdString()); };
+    const Deed commit = [this](const QString& text) {
+        QInputMethodEvent event;
+        event.setCommitString(text);
+        QApplication::sendEvent(box, &event);
+    };
+    for (const char* lineBreak : {"\r\n", "\n", "\r", "\u2028", "\u2029"}) {
+        for (const Deed& deed :
+             {press(QKeySequence::Paste), choose(Qt::Key_P), drop, set, show, commit}) {
+            box->clear();
+            deed(QString("x%1y").arg(lineBreak));
+            EXPECT_EQ(box->text(), "x y");
+        }
+    }
+}
+
+} // namespace turnpost::automation
