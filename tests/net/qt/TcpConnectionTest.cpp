@@ -65,7 +65,7 @@ TEST_F(TcpConnections, SendWhatIsQueuedAtTheProgramsEnd) {
         const std::unique_ptr<QThread> thread(QThread::create([&] {
             ScriptedServer server(pausing);
             port.set_value(server.port());
-            waitUntil([&] { return ending.load(); });
+            waitUntil([&] { return ending && !server.conversations()[0].commands.empty(); });
             server.release(0);
             waitUntil([&] { return server.conversations()[0].ended; });
             seen = server.conversations()[0];
