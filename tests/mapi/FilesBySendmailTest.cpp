@@ -16,7 +16,7 @@ class LosingMessages final : public SendmailMessages {
     }
 };
 
-TEST_F(DeliveryFixture, AFileThatVanishesIsAnErrorInItsRow) {
+TEST_F(DeliveryFixture, AVanishedFileIsItsRowsError) {
     std::filesystem::create_symlink("/bin/true", temp.path("sendmail"));
     for (const char* name : {"GAME.M2", "GAME.M3"}) {
         temp.write(name, "x");

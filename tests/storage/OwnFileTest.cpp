@@ -8,7 +8,7 @@
 
 namespace turnpost {
 
-TEST(OwnFile, OfOneMebibyteIsReadButNoLargerOne) {
+TEST(OwnFile, OfOneMebibyteIsReadAndNoLarger) {
     const TempFolder temp;
     const std::string path = temp.path("GAME.NTP");
     MessageTemplate message;

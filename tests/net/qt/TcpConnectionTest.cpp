@@ -80,6 +80,7 @@ TEST_F(TcpConnections, SendWhatIsQueuedAtTheProgramsEnd) {
     EXPECT_TRUE(seen.delivered && seen.message.size() == 500002 && !seen.wasReset);
 }
 
+#ifndef _WIN32
 TEST_F(TcpConnections, EndWithTheProgramThoughTheServerTakesNothing) {
     ScriptedServer server(pausing);
     connect(server.port());
@@ -91,7 +92,6 @@ TEST_F(TcpConnections, EndWithTheProgramThoughTheServerTakesNothing) {
     EXPECT_FALSE(server.conversations()[0].delivered) << "a part passes for the whole";
 }
 
-#ifndef _WIN32
 TEST_F(TcpConnections, ThatCannotSendFailWithTheSystemsError) {
     ScriptedServer server(pausing);
     connect(server.port());
