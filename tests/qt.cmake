@@ -3,7 +3,7 @@ foreach(folder net/qt widgets smtp/qt dialogs/qt roster/qt app/qt)
   file(GLOB sources CONFIGURE_DEPENDS ${folder}/*Test.cpp)
   string(REPLACE "/" "_" room ${folder})
   add_executable(test_${room} ${sources} support/TestMain.cpp)
-  target_include_directories(test_${room} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+  turnpost_print_values(test_${room})
   target_link_libraries(test_${room} PRIVATE turnpost_automation GTest::gtest)
   if(CMAKE_CROSSCOMPILING)
     # A static Qt holds only the plugins that are named.
