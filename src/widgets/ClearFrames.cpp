@@ -26,6 +26,13 @@ QColor outlineOf(QStyle::PrimitiveElement element, const QStyleOption& option) {
 
 } // namespace
 
+void ClearFrames::polish(QPalette& palette) {
+    QProxyStyle::polish(palette);
+    for (const auto role : {QPalette::Highlight, QPalette::HighlightedText}) {
+        palette.setColor(QPalette::Inactive, role, palette.color(QPalette::Active, role));
+    }
+}
+
 void ClearFrames::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                 QPainter* painter, const QWidget* widget) const {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
