@@ -1,5 +1,5 @@
 #include "files/FileError.h"
-#include "files/FileReplace.h"
+#include "files/Files.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -10,9 +10,8 @@ namespace turnpost {
 // No person may write into this folder, an administrator neither. Wine shows a Linux system as Z:.
 TEST(UnwritableFolder, RefusesANewFileWithTheSystemsReason) {
     const std::string linuxFolder = "Z:\\sys\\kernel";
-    const std::string folder = std::filesystem::exists(linuxFolder)
-                                   ? linuxFolder
-                                   : "C:\\System Volume Information";
+    const std::string folder =
+        std::filesystem::exists(linuxFolder) ? linuxFolder : "C:\\System Volume Information";
     const std::string path = folder + "\\GAME.NTP";
     try {
         replaceFile(path, "\"game\"");
