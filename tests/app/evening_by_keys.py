@@ -16,8 +16,6 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib
 
 MAIN = "Nimbus Turnpost Version 1.3.0"
-ROW = "label:{0}|check box:Player {0} included|text:Player {0} name|text:Player {0} e-mail address|" \
-      "text:Player {0} alternate e-mail address|text:Player {0} turn file"
 NAMELESS = {"filler", "menu bar", "scroll bar", "panel"}
 
 
@@ -49,10 +47,6 @@ def has(node, state):
     return node.get_state_set().contains(state)
 
 
-def kind(node):
-    return f"{node.get_role_name()}:{node.get_name()}"
-
-
 def window(title):
     """Waits until the window is active. Each visible node in it must have a role and a name."""
     global front
@@ -60,8 +54,8 @@ def window(title):
                            if form.get_name() == title and has(form, Atspi.StateType.ACTIVE)], title)
     front = list(showing(form))
     for node in front:
-        assert node.get_role_name() not in ("unknown", "invalid"), kind(node)
-        assert node.get_name() or node.get_role_name() in NAMELESS, (title, kind(node))
+        role, name = node.get_role_name(), node.get_name()
+        assert name and role not in ("unknown", "invalid") or role in NAMELESS, (title, role, name)
 
 
 def control(role):
@@ -106,8 +100,6 @@ def evening(home, port, program):
     press("Down", "Return")
     go_to("File", "Down", "Return")
     window(MAIN)
-    read = "|".join(kind(node) for node in front)
-    assert read.endswith(f"|label:Turn File|{ROW.format(1)}|{ROW.format(3)}"), read
     write("Player 1 name", "Red Leader")
     write("Player 1 e-mail address", "red@example.net")
     go_to("Player 3 included", "space")
