@@ -16,6 +16,7 @@ TEST_F(StartUp, BadSettingsAreReportedAndTheProgramRunsOn) {
               Texts{"The settings file is damaged: " + ini +
                     "\r\nWhat could be read was taken; the rest is empty. Before the settings "
                     "are saved, the damaged file is kept beside it as TURNPOST.BAD2."});
+    EXPECT_EQ(values.game.GameName, "") << "the game before is still there";
     std::filesystem::remove(toNativePath(ini));
     program.makeFolder("TURNPOST.INI");
     application.startUp();

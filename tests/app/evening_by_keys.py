@@ -51,7 +51,8 @@ def window(title):
     """Waits until the window is active. Each visible node in it must have a role and a name."""
     global front
     form, = until(lambda: [form for app in children(Atspi.get_desktop(0)) for form in children(app)
-                           if form.get_name() == title and has(form, Atspi.StateType.ACTIVE)], title)
+                           if has(form, Atspi.StateType.ACTIVE) and form.get_name() == title],
+                  title)
     front = list(showing(form))
     for node in front:
         role, name = node.get_role_name(), node.get_name()
@@ -110,7 +111,8 @@ def evening(home, port, program):
     window(MAIN)
     for title, open_dialog in (
             ("Edit Message", lambda: press("alt+f", "Right", "m")),
-            ("Where to store current game details?", lambda: press("alt+f", "Right", "Right", "Up", "Return")),
+            ("Where to store current game details?",
+             lambda: press("alt+f", "Right", "Right", "Up", "Return")),
             ("Attachments", lambda: go_to("Attachments", "Return")),
             ("About Nimbus Turnpost", lambda: press("alt+h", "a"))):
         open_dialog()
