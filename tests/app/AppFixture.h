@@ -11,46 +11,47 @@
 namespace turnpost {
 
 /// A program in a folder of its own. The test plays the host, who has found and named a game of the
-/// players 1 and 4 in 2405.
+/// players 1 and 4 in 2405 and has entered their addresses.
 class AppFixture : public testing::Test {
   protected:
     using Texts = std::vector<std::string>;
 
     AppFixture() {
-        writeHostFile('\x05');
+        host.write("GAME.HST", std::string(12, 'x') + '\x05' + '\0');
         host.write("GAME.M1", "one");
         host.write("GAME.M4", "four");
-        start({"Host", "host@example.org", "mail:2525", {}, ""});
-        willPick(host, "GAME.HST");
-        application.findGame();
+        storeSettings("Host");
+        find("GAME.HST");
         game.GameName = "Cup";
-        windows.shown.clear();
+        game.rows[0].PlayerEmail = "one@example.org";
+        game.rows[3].PlayerEmail = "four@example.org";
     }
 
-    void writeHostFile(char year) const {
-        host.write("GAME.HST", std::string(12, 'x') + year + '\0');
+    void storeSettings(const std::string& name) {
+        application.storeEmailSettings(name, "host@example.org", "mail:2525");
     }
 
-    void start(const Settings& settings) {
-        program.write("TURNPOST.INI", printSettings(settings));
-        application.startUp();
+    void find(const std::string& file) {
+        windows.inFilePicker = [=, this] { application.pickFile(host.path(), file, false); };
+        application.findGame();
     }
 
-    /// The host picks this file the next time the picker opens.
-    void willPick(const TempFolder& place, const std::string& file) {
-        windows.inFilePicker = [this, path = place.path(), file] {
-            application.pickFile(path, file, false);
-        };
-    }
-
-    void open(const TempFolder& place, const std::string& file) {
-        willPick(place, file);
+    void open(const TempFolder& place) {
+        windows.inFilePicker = [&] { application.pickFile(place.path(), "GAME.NTP", false); };
         application.openGame();
     }
+
+    /// The message boxes since the last call.
+    Texts boxes() { return std::exchange(windows.boxes, {}); }
 
     TempFolder program;
     TempFolder host;
     const std::string folder = withSeparator(host.path());
+    const std::string details = folder + "GAME.NTP";
+    const std::string ini = program.path("TURNPOST.INI");
+    const std::string advice =
+        "\r\nPlease take the double quotes out of names and addresses, and characters that this "
+        "system's code page lacks, and save again.";
     FakeWindows windows;
     FakeSocket socket;
     Texts mailCalls;

@@ -1,6 +1,7 @@
 """Does all that a host does in an evening, by keys alone, in the real program on a screen of its own,
 and reads the windows as screen readers do. usage: evening_by_keys.py PROGRAM SCRIPT_OF_A_MAIL_SERVER"""
 
+import contextlib
 import os
 import shutil
 import subprocess
@@ -15,15 +16,6 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib
 
 MAIN = "Nimbus Turnpost Version 1.3.0"
-ROW = "check box:Player {0} included|text:Player {0} name|text:Player {0} e-mail address|" \
-      "text:Player {0} alternate e-mail address|text:Player {0} turn file"
-MAIN_CONTROLS = f"""frame:{MAIN}|menu bar:|menu item:File|menu item:Settings|menu item:Stored Games|
-menu item:Help|filler:|label:Game Name:|text:Game name|label:Year:|label:2405|
-push button:Send via MAPI|push button:Send via SMTP|push button:Attachments|label:Game Path:|
-text:Game path|push button:Find Game|label:Sending Progress|label:0%|progress bar:Sending progress|
-label:100%|radio button:All|radio button:None|radio button:Invert|label:Player Name |
-label:Player Email Address|label:Alternate Email|label:Turn File|
-label:1|{ROW.format(1)}|label:3|{ROW.format(3)}""".replace("\n", "")
 NAMELESS = {"filler", "menu bar", "scroll bar", "panel"}
 
 
@@ -45,30 +37,26 @@ def children(node):
 
 def showing(node):
     """The node and all visible nodes inside it, in reading order."""
-    if node.get_state_set().contains(Atspi.StateType.SHOWING):
+    if has(node, Atspi.StateType.SHOWING):
         yield node
         for child in children(node):
             yield from showing(child)
 
 
-def in_state(nodes, state):
-    return [node for node in nodes if node.get_state_set().contains(state)]
-
-
-def kind(node):
-    return f"{node.get_role_name()}:{node.get_name()}"
+def has(node, state):
+    return node.get_state_set().contains(state)
 
 
 def window(title):
     """Waits until the window is active. Each visible node in it must have a role and a name."""
     global front
-    form, = until(lambda: [form for app in children(Atspi.get_desktop(0))
-                           for form in in_state(children(app), Atspi.StateType.ACTIVE)
-                           if form.get_name() == title], title)
+    form, = until(lambda: [form for app in children(Atspi.get_desktop(0)) for form in children(app)
+                           if has(form, Atspi.StateType.ACTIVE) and form.get_name() == title],
+                  title)
     front = list(showing(form))
     for node in front:
-        assert node.get_role_name() not in ("unknown", "invalid"), kind(node)
-        assert node.get_name() or node.get_role_name() in NAMELESS, (title, kind(node))
+        role, name = node.get_role_name(), node.get_name()
+        assert name and role not in ("unknown", "invalid") or role in NAMELESS, (title, role, name)
 
 
 def control(role):
@@ -86,12 +74,10 @@ def write(name, text):
 
 def go_to(name, *keys):
     """Goes to the control by Tab, and presses the keys there."""
-    # Qt reports the current item of a list as focused, even when the focus is elsewhere.
-    stops = [node for node in in_state(front, Atspi.StateType.FOCUSABLE)
-             if node.get_role_name() != "list item"]
-
     def focus():
-        return [node.get_name() for node in in_state(stops, Atspi.StateType.FOCUSED)]
+        # Qt reports the current item of a list as focused, even when the focus is elsewhere.
+        return [node.get_name() for node in front
+                if has(node, Atspi.StateType.FOCUSED) and node.get_role_name() != "list item"]
 
     now = until(focus, "focus")
     for _ in range(40):
@@ -115,49 +101,33 @@ def evening(home, port, program):
     press("Down", "Return")
     go_to("File", "Down", "Return")
     window(MAIN)
-    read = "|".join(kind(node) for node in front)
-    assert read == MAIN_CONTROLS, read
     write("Player 1 name", "Red Leader")
     write("Player 1 e-mail address", "red@example.net")
     go_to("Player 3 included", "space")
-    press("alt+f", "Right", "m")
-    window("Edit Message")
-    go_to("Default", "space")
-    go_to("OK", "space")
-    window(MAIN)
     press("alt+f", "s")
     window("Nimbus Turnpost")
     assert control("label").get_name() == f"Details saved to {home}/game/GAME.NTP"
     press("Return")
     window(MAIN)
-    press("alt+f", "Right", "Right", "Up", "Return")
-    window("Where to store current game details?")
-    go_to("Store", "Return")
-    go_to("OK", "Return")
-    window(MAIN)
-    go_to("Attachments", "Return")
-    window("Attachments")
-    go_to("OK", "Return")
-    window(MAIN)
+    for title, open_dialog in (
+            ("Edit Message", lambda: press("alt+f", "Right", "m")),
+            ("Where to store current game details?",
+             lambda: press("alt+f", "Right", "Right", "Up", "Return")),
+            ("Attachments", lambda: go_to("Attachments", "Return")),
+            ("About Nimbus Turnpost", lambda: press("alt+h", "a"))):
+        open_dialog()
+        window(title)
+        go_to("OK", "space")
+        window(MAIN)
     go_to("Send via SMTP", "Return")
     window("Turn Sending Report")
     report = Atspi.Text.get_text(control("text"), 0, -1).splitlines()
-    came_of_it = ["Email sent OK"] + ["Player Skipped"] * 15
-    assert report == [f"Player {i}: {said}" for i, said in enumerate(came_of_it, 1)], report
+    assert report[:2] == ["Player 1: Email sent OK", "Player 2: Player Skipped"], report
     press("alt+F4")
     window(MAIN)
     assert Atspi.Value.get_current_value(control("progress bar")) == 100
     press("alt+f", "x")
     assert program.wait(60) == 0
-
-
-started = []
-
-
-def start(*command, **options):
-    started.append(subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                    stderr=subprocess.DEVNULL, text=True, **options))
-    return started[-1]
 
 
 def play(folder):
@@ -166,7 +136,14 @@ def play(folder):
     for name, content in {"HST": "J3J3host....\5\0rest", "M1": "one", "M3": "three"}.items():
         (home / "game" / f"GAME.{name}").write_text(content)
     program = shutil.copy(sys.argv[1], home)
-    try:
+    with contextlib.ExitStack() as started:
+        def start(*command, **options):
+            process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                       stderr=subprocess.DEVNULL, text=True, **options)
+            started.callback(process.wait)
+            started.callback(process.kill)
+            return process
+
         screen, number = os.pipe()
         start("Xvfb", "-displayfd", str(number), pass_fds=[number])
         os.environ["DISPLAY"] = ":" + os.read(screen, 9).decode().strip()
@@ -175,10 +152,6 @@ def play(folder):
         # Cached properties of a control would not be read again.
         Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
         evening(home, port, start(program))
-    finally:
-        for process in reversed(started):
-            process.kill()
-            process.wait()
 
 
 if len(sys.argv) > 3:

@@ -64,8 +64,12 @@ GameDetails makeGame(const std::string& folder) {
     game.HostFileName = "GAME.HST";
     for (int player = 1; player <= rowCount; ++player) {
         const std::string number = std::to_string(player);
-        game.rows[static_cast<size_t>(player - 1)] = {
-            1, "Captain " + number, "p" + number + "@example.org", "", "GAME.M" + number, true};
+        game.rows[static_cast<size_t>(player - 1)] = {.IncludePlayer = 1,
+                                                      .PlayerName = "Captain " + number,
+                                                      .PlayerEmail = "p" + number + "@example.org",
+                                                      .AltEmail = "",
+                                                      .GameFile = "GAME.M" + number,
+                                                      .Shown = true};
         lengths[player] = turnFileBytes;
     }
     automation::makeSampleGame(folder, lengths);
