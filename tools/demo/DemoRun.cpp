@@ -251,6 +251,8 @@ void DemoRun::showFullGame() {
 void DemoRun::takePicture(QWidget& window, const QString& name) {
     const QString file = folder_ + "/" + name + ".png";
     if (check_ != nullptr) {
+        // Without a window manager nothing activates a window again after a dialog has closed.
+        window.activateWindow();
         automation::waitUntil([&window] { return window.isActiveWindow(); });
         check_->take(window, name + suffix_);
         return;
