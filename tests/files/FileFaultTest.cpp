@@ -17,26 +17,23 @@ namespace {
 using std::filesystem::perms;
 using Names = std::vector<std::string>;
 
-const std::string oldBytes = "\"old\"\r\n";
-const std::string newBytes = "\"" + std::string(90, 'n') + "\"\r\n";
 constexpr int killed = 9;
 
-// The calls of the save that change files, and how many go well before one fails or ends the
+// The calls that change files, while they are watched. The call with this index fails, or ends the
 // process.
 bool watches = false;
 bool kills = false;
-size_t goodCalls = 0;
+size_t faulty = std::string::npos;
 Names calls;
 
 template <typename... Values>
 long intercepted(const char* name, long number, const Values&... values) {
     if (watches) {
         calls.emplace_back(name);
-        if (calls.size() > goodCalls) {
+        if (calls.size() == faulty + 1) {
             if (kills) {
                 _exit(killed);
             }
-            goodCalls = std::string::npos;
             errno = EIO;
             return -1;
         }
@@ -44,24 +41,9 @@ long intercepted(const char* name, long number, const Values&... values) {
     return syscall(number, values...);
 }
 
-// Why the save was refused; empty when it was not.
-std::string failure(const std::string& path, size_t callsBefore) {
-    calls.clear();
-    goodCalls = callsBefore;
-    watches = true;
-    std::string reason;
-    try {
-        replaceFile(path, newBytes);
-    } catch (const FileError& error) {
-        reason = error.reason();
-    }
-    watches = false;
-    return reason;
-}
-
 } // namespace
 
-// In place of the system's functions.
+// These take the place of the system's functions.
 extern "C" {
 
 int open(const char* path, int flags, ...) {
@@ -79,8 +61,8 @@ int fchmod(int file, mode_t mode) noexcept {
 
 // Writes less than it is asked to, as it may.
 ssize_t write(int file, const void* bytes, size_t size) {
-    return intercepted("write", SYS_write, file, bytes,
-                       watches ? std::min<size_t>(size, 60) : size);
+    const size_t part = watches ? std::min<size_t>(size, 60) : size;
+    return intercepted("write", SYS_write, file, bytes, part);
 }
 
 int fsync(int file) {
@@ -96,71 +78,56 @@ int rename(const char* from, const char* to) noexcept {
 }
 }
 
-class FileFault : public testing::Test {
-  protected:
-    FileFault() { umask(022); }
-    ~FileFault() override { umask(before); }
-
-    void restore(unsigned mode) const {
+TEST(FileFault, FailedOrKilledSavesLeaveOneWholeFile) {
+    const TempFolder temp;
+    const std::string oldBytes = "\"old\"\r\n";
+    const std::string newBytes = "\"" + std::string(90, 'n') + "\"\r\n";
+    const auto save = [&] { replaceFile(temp.path("A"), newBytes); };
+    const auto restore = [&](unsigned mode) {
         temp.write("A", oldBytes);
-        std::filesystem::permissions(path, perms(mode));
-    }
-
-    const mode_t before = umask(0);
-    TempFolder temp;
-    const std::string path = temp.path("A");
-};
-
-TEST_F(FileFault, FailedSystemCallsLeaveTheOldFileWhole) {
+        std::filesystem::permissions(temp.path("A"), perms(mode));
+    };
+    const mode_t before = umask(022);
     restore(0600);
-    EXPECT_EQ(failure(path, std::string::npos), "");
+    watches = true;
+    save();
+    watches = false;
     // Created, so that no planted link is followed; file and folder are flushed.
-    const Names all = {"create", "fchmod", "write", "write", "fsync",
-                       "close",  "rename", "open",  "fsync", "close"};
-    EXPECT_EQ(calls, all);
-    // Failing to set the mode matters only if others could then read what they could not before.
-    for (const auto& [mode, refusals] : std::vector<std::pair<unsigned, Names>>{
-             {0600, {"create", "fchmod", "write", "write", "fsync", "close", "rename"}},
-             {0777, {"create", "write", "write", "fsync", "close", "rename"}}}) {
-        Names refused;
-        for (size_t good = 0; good < all.size(); ++good) {
+    const Names all = std::exchange(calls, {});
+    EXPECT_EQ(all, Names({"create", "fchmod", "write", "write", "fsync", "close", "rename", "open",
+                          "fsync", "close"}));
+    for (const auto& [kill, mode] : {std::pair(false, 0600U), {false, 0777U}, {true, 0600U}}) {
+        kills = kill;
+        for (faulty = 0; faulty < all.size(); ++faulty) {
+            SCOPED_TRACE(all[faulty]);
             restore(mode);
-            const bool saved = failure(path, good).empty();
-            EXPECT_EQ(temp.read("A"), saved ? newBytes : oldBytes) << all[good];
-            EXPECT_EQ(temp.names(), std::set<std::string>{"A"}) << all[good];
-            if (!saved) {
-                refused.push_back(all[good]);
+            const pid_t child = fork();
+            if (child == 0) {
+                watches = true;
+                try {
+                    save();
+                } catch (const FileError&) {
+                    _exit(1);
+                }
+                _exit(0);
+            }
+            int status = 0;
+            waitpid(child, &status, 0);
+            // Failing to set the mode matters only if others could then read what they could not
+            // before.
+            const bool saved = faulty > 6 || (mode == 0777 && all[faulty] == "fchmod");
+            EXPECT_EQ(WEXITSTATUS(status), kills ? killed : saved ? 0 : 1);
+            EXPECT_EQ(temp.read("A"), saved ? newBytes : oldBytes);
+            for (const std::string& name : temp.names()) {
+                const perms others =
+                    perms::others_read & std::filesystem::status(temp.path(name)).permissions();
+                EXPECT_TRUE(kills || name == "A");
+                EXPECT_TRUE(mode != 0600 || others == perms::none || temp.read(name).empty());
             }
         }
-        EXPECT_EQ(refused, refusals);
     }
-}
-
-TEST_F(FileFault, KilledSavesLeaveTheOldOrTheNewFile) {
-    std::filesystem::create_symlink("A", temp.path("link"));
-    std::set<std::string> seen;
-    int end = killed;
-    for (size_t good = 0; end == killed; ++good) {
-        restore(0600);
-        const pid_t child = fork();
-        if (child == 0) {
-            kills = true;
-            _exit(failure(temp.path("link"), good).empty() ? 0 : 1);
-        }
-        int status = 0;
-        waitpid(child, &status, 0);
-        end = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        seen.insert(temp.read("A"));
-        // Only the owner may read what killed saves leave in the folder, as with the file itself.
-        for (const std::string& name : temp.names()) {
-            const perms mode = std::filesystem::status(temp.path(name)).permissions();
-            EXPECT_TRUE((mode & perms::others_read) == perms::none || temp.read(name).empty());
-        }
-        EXPECT_EQ(failure(path, std::string::npos), "") << "what a killed save left is in the way";
-    }
-    EXPECT_EQ(end, 0);
-    EXPECT_EQ(seen, std::set<std::string>({oldBytes, newBytes}));
-    EXPECT_TRUE(std::filesystem::is_symlink(temp.path("link")));
+    save();
+    umask(before);
 }
 
 } // namespace turnpost
