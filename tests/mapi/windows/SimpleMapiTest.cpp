@@ -22,10 +22,6 @@ class SimpleMapiTest : public testing::Test {
         application.storeAttachments({0, 0, {}});
         application.game().GamePath = withSeparator(folder);
         player = {1, " One, \"the host\" ", "one", "", "", true};
-        const WNDPROC handler = [](HWND, UINT kind, WPARAM, LPARAM) -> LRESULT {
-            return kind == WM_APP ? (pressButtons(), 0) : 0;
-        };
-        SetWindowLongPtrW(window, GWLP_WNDPROC, std::bit_cast<LONG_PTR>(handler));
     }
     ~SimpleMapiTest() override { DestroyWindow(window); }
 
@@ -45,9 +41,6 @@ class SimpleMapiTest : public testing::Test {
         std::filesystem::remove(toNativePath(temp.path("record")));
         return lines;
     }
-
-    /// What the host does while the mail client runs a message loop of its own.
-    static inline std::function<void()> pressButtons = [] {};
 
     const HWND window =
         CreateWindowW(L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
@@ -133,19 +126,6 @@ TEST_F(SimpleMapiTest, EveryRefusalHasItsOwnWordsAndNumber) {
     deliver();
     EXPECT_EQ(recorded(), logon);
     EXPECT_EQ(windows.boxes.back(), "MAPI Error: The mail program refused the logon (error 3)");
-}
-
-TEST_F(SimpleMapiTest, ButtonsStartNoSecondSendInsideTheMailClient) {
-    pressButtons = [this] {
-        application.butSend_Click();
-        application.takeSendStep();
-        application.sendByMailSystem();
-    };
-    EXPECT_EQ(deliver(), "Email Generated OK");
-    pressButtons = [] {};
-    EXPECT_EQ(windows.boxes, std::vector<std::string>(6, "A send is already in progress"));
-    EXPECT_EQ(recorded(), logon + message + recipient + "SMTP:one\n" + logoff);
-    EXPECT_TRUE(socket.servers.empty());
 }
 
 TEST_F(SimpleMapiTest, WithoutAMailClientNoMailSystemIsFound) {
