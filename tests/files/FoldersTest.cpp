@@ -7,13 +7,18 @@
 namespace turnpost {
 
 TEST(Folders, ConfigurationFolderIsNeverRelative) {
-    setenv("HOME", "/home/host", 1);
-    setenv("XDG_CONFIG_HOME", "/cfg", 1);
-    EXPECT_EQ(configurationFolder(), "/cfg/nimbus-turnpost");
-    for (const char* useless : {"", "relative"}) {
-        setenv("XDG_CONFIG_HOME", useless, 1);
-        EXPECT_EQ(configurationFolder(), "/home/host/.config/nimbus-turnpost");
+    const std::string home = std::getenv("HOME");
+    const char* before = std::getenv("XDG_CONFIG_HOME");
+    const std::string configuration = before == nullptr ? "" : before;
+    for (const auto& [configured, folder] : {std::pair("/cfg", "/cfg/nimbus-turnpost"),
+                                             {"", "/home/host/.config/nimbus-turnpost"},
+                                             {"relative", "/home/host/.config/nimbus-turnpost"}}) {
+        setenv("HOME", "/home/host", 1);
+        setenv("XDG_CONFIG_HOME", configured, 1);
+        EXPECT_EQ(configurationFolder(), folder);
     }
+    setenv("HOME", home.c_str(), 1);
+    setenv("XDG_CONFIG_HOME", configuration.c_str(), 1);
 }
 
 } // namespace turnpost
