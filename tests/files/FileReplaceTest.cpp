@@ -111,22 +111,21 @@ TEST_F(FileReplace, KeepsAttributesAndWaitsForOtherPrograms) {
 }
 #else
 TEST_F(FileReplace, KeepsOwnerAndPermissions) {
-    struct stat now {};
-    const auto look = [&] { return stat(temp.path("A").c_str(), &now) == 0; };
-    const mode_t before = umask(0027);
-    EXPECT_EQ(failure("A"), "");
-    umask(before);
-    ASSERT_TRUE(look());
-    EXPECT_EQ(now.st_mode & 07777U, 0640U);
-    // Only root can give the file another owner.
-    const uid_t owner = geteuid() == 0 ? 65534 : now.st_uid;
-    ASSERT_EQ(chown(temp.path("A").c_str(), owner, now.st_gid), 0);
-    for (const mode_t kept : {0600U, 0666U, 0755U}) {
-        ASSERT_EQ(chmod(temp.path("A").c_str(), kept), 0);
+    const std::string path = temp.path("A");
+    const auto saved = [&] {
         EXPECT_EQ(failure("A"), "");
-        ASSERT_TRUE(look());
-        EXPECT_EQ(now.st_mode & 07777U, kept);
-        EXPECT_EQ(now.st_uid, owner);
+        struct stat now {};
+        EXPECT_EQ(stat(path.c_str(), &now), 0);
+        return std::pair(now.st_uid, now.st_mode & 07777U);
+    };
+    const mode_t before = umask(0027);
+    EXPECT_EQ(saved(), std::pair(geteuid(), 0640U));
+    umask(before);
+    // Only root can give the file another owner.
+    const uid_t owner = geteuid() == 0 ? 65534 : geteuid();
+    for (const mode_t mode : {0600U, 0666U, 0755U}) {
+        ASSERT_EQ(chown(path.c_str(), owner, getegid()) | chmod(path.c_str(), mode), 0);
+        EXPECT_EQ(saved(), std::pair(owner, mode));
     }
 }
 #endif

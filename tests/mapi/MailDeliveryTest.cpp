@@ -27,7 +27,9 @@ TEST_F(MailDeliveries, EveryRowIsSentWholeOrNotAtAll) {
         return refused ? std::optional(Refusal{"no such user"}) : std::nullopt;
     };
     report.fill("earlier");
+    display.rowsAfterBreak = report;
     deliver(mail, mail);
+    EXPECT_EQ(display.rowsAfterBreak, SendReport()) << "tells of an earlier send";
     EXPECT_EQ(report[0] + report[1] + report[3] + report[15],
               "Player SkippedEmail Generated OKMAPI Error: no such userEmail Generated OK");
     EXPECT_EQ(display.reports, 1);
