@@ -95,7 +95,10 @@ class SettingsFiles : public SettingsText {
 
 TEST_F(SettingsFiles, DamagedFilesAreKeptBeforeTheyAreOverwritten) {
     const std::string damaged = "\"Host\"\r\n\"host@exam";
-    const std::string large = printSettings(sample) + std::string(1U << 20U, 'x');
+    sample.HostName = "J\u00FCrgen";
+    std::string large = printSettings(sample);
+    // The limit is inside the last character.
+    large.append((1U << 20U) - large.size(), 'x').append("\u00FC");
     program.write("TURNPOST.INI", damaged);
     expectRead(Outcome::Damaged, {.HostName = "Host"});
     EXPECT_EQ(program.names(), Names({"TURNPOST.INI"}));
