@@ -7,9 +7,12 @@
 namespace turnpost {
 
 TEST(Folders, ConfigurationFolderIsNeverRelative) {
-    const std::string home = std::getenv("HOME");
-    const char* before = std::getenv("XDG_CONFIG_HOME");
-    const std::string configuration = before == nullptr ? "" : before;
+    const auto value = [](const char* name) {
+        const char* found = std::getenv(name);
+        return std::string(found == nullptr ? "" : found);
+    };
+    const std::string home = value("HOME");
+    const std::string configuration = value("XDG_CONFIG_HOME");
     for (const auto& [configured, folder] : {std::pair("/cfg", "/cfg/nimbus-turnpost"),
                                              {"", "/home/host/.config/nimbus-turnpost"},
                                              {"relative", "/home/host/.config/nimbus-turnpost"}}) {

@@ -46,10 +46,12 @@ TEST_F(Sendmail, FindsTheFirstExecutableOfThatName) {
     fs::remove(temp.path("new/sendmail"));
     install("echo new; exit 1", "new");
     EXPECT_EQ(deliver(), "MAPI Error: new");
-    const std::string path = std::getenv("PATH");
+    const char* path = std::getenv("PATH");
+    ASSERT_NE(path, nullptr);
+    const std::string before = path;
     setenv("PATH", "/opt/bin::bin:./x:/usr/bin:/bin", 1);
     EXPECT_EQ(sendmailFolders(), Texts({"/usr/sbin", "/usr/lib", "/opt/bin", "/usr/bin", "/bin"}));
-    setenv("PATH", path.c_str(), 1);
+    setenv("PATH", before.c_str(), 1);
 }
 
 TEST_F(Sendmail, EveryAddressIsOneArgumentInAscii) {
