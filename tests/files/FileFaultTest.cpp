@@ -1,16 +1,10 @@
 #include "fakes/TempFolder.h"
 #include "files/FileError.h"
 
-#include <csignal>
-#include <cstddef>
+#include <cerrno>
+#include <cstdarg>
 #include <fcntl.h>
-#include <functional>
 #include <gtest/gtest.h>
-#include <linux/filter.h>
-#include <linux/seccomp.h>
-#include <sys/prctl.h>
-#include <sys/ptrace.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -21,135 +15,119 @@ namespace turnpost {
 namespace {
 
 using std::filesystem::perms;
-using Fault = std::function<void()>;
-using Calls = std::vector<std::uint64_t>;
+using Names = std::vector<std::string>;
 
-const std::string oldBytes = "\"old\"\r\n";
-const std::string newBytes = "\"" + std::string(90, 'n') + "\"\r\n";
+constexpr int killed = 9;
 
-#ifdef SYS_rename
-constexpr unsigned renameCall = SYS_rename;
-#else
-constexpr unsigned renameCall = SYS_renameat;
-#endif
+// The calls that change files, while they are watched. The call with this index fails, or ends the
+// process.
+bool watches = false;
+bool kills = false;
+size_t faulty = std::string::npos;
+Names calls;
 
-// Saves in a child, in which the fault is set up first. The child exits with 1 if the save fails.
-pid_t startSave(const std::string& path, const Fault& fault) {
-    const pid_t child = fork();
-    if (child == 0) {
-        umask(022);
-        fault();
-        try {
-            replaceFile(path, newBytes);
-        } catch (const FileError&) {
-            _exit(1);
-        }
-        _exit(0);
-    }
-    return child;
-}
-
-// From now on no file of this process can grow beyond `room` bytes.
-void fillDisk(size_t room) {
-    const struct rlimit small { room, room };
-    std::signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &small);
-}
-
-// From now on the system refuses this call of the process with EIO.
-void refuseCall(unsigned number) {
-    sock_filter program[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
-                             BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, number, 0, 1),
-                             BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EIO),
-                             BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
-    const sock_fprog filter{4, program};
-    prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
-    prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter);
-}
-
-// Saves in a child that stops before and after each of its system calls, and is killed after this
-// many stops. True when it ended before that; the trace then holds its calls that change files (of
-// those that open a file, only the one that creates it).
-bool endsBefore(int stops, const std::string& path, Calls& trace) {
-    const pid_t child = startSave(path, [] {
-        ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
-        raise(SIGSTOP);
-    });
-    trace.clear();
-    int status = 0;
-    waitpid(child, &status, WUNTRACED);
-    ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_EXITKILL | PTRACE_O_TRACESYSGOOD);
-    for (int stop = 0; stop < stops && WIFSTOPPED(status); ++stop) {
-        ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
-        waitpid(child, &status, 0);
-        __ptrace_syscall_info call{};
-        ptrace(PTRACE_GET_SYSCALL_INFO, child, sizeof call, &call);
-        const auto number = call.entry.nr;
-        const bool makes = number == SYS_openat && (call.entry.args[2] & O_EXCL) != 0;
-        if (call.op == PTRACE_SYSCALL_INFO_ENTRY &&
-            (makes || number == SYS_write || number == SYS_fsync || number == renameCall)) {
-            trace.push_back(number);
+template <typename... Values>
+long intercepted(const char* name, long number, const Values&... values) {
+    if (watches) {
+        calls.emplace_back(name);
+        if (calls.size() == faulty + 1) {
+            if (kills) {
+                _exit(killed);
+            }
+            errno = EIO;
+            return -1;
         }
     }
-    if (WIFSTOPPED(status)) {
-        kill(child, SIGKILL);
-        waitpid(child, &status, 0);
-    }
-    return WIFEXITED(status);
+    return syscall(number, values...);
 }
 
 } // namespace
 
-class FileFault : public testing::Test {
-  protected:
-    FileFault() { temp.write("A", oldBytes); }
+// These take the place of the system's functions.
+extern "C" {
 
-    void expectAfter(const Fault& fault, const std::string& bytes) const {
-        int status = 0;
-        waitpid(startSave(path, fault), &status, 0);
-        EXPECT_TRUE(WIFEXITED(status) && (WEXITSTATUS(status) == 0) == (bytes == newBytes));
-        EXPECT_EQ(temp.read("A"), bytes);
-        EXPECT_EQ(temp.names(), std::set<std::string>({"A"}));
-    }
-
-    TempFolder temp;
-    std::string path = temp.path("A");
-};
-
-TEST_F(FileFault, FailedSystemCallsLeaveTheOldFileWhole) {
-    for (size_t room = 0; room < newBytes.size(); ++room) {
-        expectAfter([room] { fillDisk(room); }, oldBytes);
-    }
-    for (const unsigned call : std::set<unsigned>{SYS_openat, SYS_fsync, SYS_close, renameCall}) {
-        expectAfter([call] { refuseCall(call); }, oldBytes);
-    }
-    // Failing to set the mode matters only if others could then read what they could not before.
-    for (const auto& [mode, bytes] : {std::pair(0600, oldBytes), {0777, newBytes}}) {
-        std::filesystem::permissions(path, perms(mode));
-        expectAfter([] { refuseCall(SYS_fchmod); }, bytes);
-    }
+int open(const char* path, int flags, ...) {
+    va_list more;
+    va_start(more, flags);
+    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(more, mode_t) : 0;
+    va_end(more);
+    const char* name = (flags & O_EXCL) != 0 ? "create" : "open";
+    return static_cast<int>(intercepted(name, SYS_openat, AT_FDCWD, path, flags, mode));
 }
 
-TEST_F(FileFault, KilledSavesLeaveTheOldOrTheNewFile) {
-    std::filesystem::permissions(path, perms(0600));
-    std::filesystem::create_symlink("A", temp.path("link"));
-    std::set<std::string> seen;
-    Calls trace;
-    for (int stops = 0; !endsBefore(stops, temp.path("link"), trace); ++stops) {
-        seen.insert(temp.read("A"));
-        // Only the owner may read what killed saves leave in the folder, as with the file itself.
-        for (const std::string& name : temp.names()) {
-            const perms mode = std::filesystem::status(temp.path(name)).permissions();
-            EXPECT_TRUE((mode & perms::others_read) == perms::none || temp.read(name).empty());
-        }
-        replaceFile(path, newBytes);
+int fchmod(int file, mode_t mode) noexcept {
+    return static_cast<int>(intercepted("fchmod", SYS_fchmod, file, mode));
+}
+
+// Writes less than it is asked to, as it may.
+ssize_t write(int file, const void* bytes, size_t size) {
+    const size_t part = watches ? std::min<size_t>(size, 60) : size;
+    return intercepted("write", SYS_write, file, bytes, part);
+}
+
+int fsync(int file) {
+    return static_cast<int>(intercepted("fsync", SYS_fsync, file));
+}
+
+int close(int file) {
+    return static_cast<int>(intercepted("close", SYS_close, file));
+}
+
+int rename(const char* from, const char* to) noexcept {
+    return static_cast<int>(intercepted("rename", SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+}
+}
+
+TEST(FileFault, FailedOrKilledSavesLeaveOneWholeFile) {
+    const TempFolder temp;
+    const std::string oldBytes = "\"old\"\r\n";
+    const std::string newBytes = "\"" + std::string(90, 'n') + "\"\r\n";
+    const auto save = [&] { replaceFile(temp.path("A"), newBytes); };
+    const auto restore = [&](unsigned mode) {
         temp.write("A", oldBytes);
+        std::filesystem::permissions(temp.path("A"), perms(mode));
+    };
+    const mode_t before = umask(022);
+    restore(0600);
+    watches = true;
+    save();
+    watches = false;
+    // Created, so that no planted link is followed; file and folder are flushed.
+    const Names all = std::exchange(calls, {});
+    EXPECT_EQ(all, Names({"create", "fchmod", "write", "write", "fsync", "close", "rename", "open",
+                          "fsync", "close"}));
+    for (const auto& [kill, mode] : {std::pair(false, 0600U), {false, 0777U}, {true, 0600U}}) {
+        kills = kill;
+        for (faulty = 0; faulty < all.size(); ++faulty) {
+            SCOPED_TRACE(all[faulty]);
+            restore(mode);
+            const pid_t child = fork();
+            if (child == 0) {
+                watches = true;
+                try {
+                    save();
+                } catch (const FileError&) {
+                    _exit(1);
+                }
+                _exit(0);
+            }
+            int status = 0;
+            waitpid(child, &status, 0);
+            // Failing to set the mode matters only if others could then read what they could not
+            // before.
+            const bool saved = faulty > 6 || (mode == 0777 && all[faulty] == "fchmod");
+            EXPECT_EQ(WEXITSTATUS(status), kills ? killed : saved ? 0 : 1);
+            EXPECT_EQ(temp.read("A"), saved ? newBytes : oldBytes);
+            for (const std::string& name : temp.names()) {
+                const perms others =
+                    perms::others_read & std::filesystem::status(temp.path(name)).permissions();
+                EXPECT_TRUE(kills || name == "A");
+                EXPECT_TRUE(mode != 0600 || others == perms::none || temp.read(name).empty());
+            }
+        }
     }
-    EXPECT_EQ(seen, std::set<std::string>({oldBytes, newBytes}));
-    EXPECT_EQ(temp.read("A"), newBytes);
-    // The file was created, so no planted link was followed; file and folder were flushed.
-    EXPECT_EQ(trace, Calls({SYS_openat, SYS_write, SYS_fsync, renameCall, SYS_fsync}));
-    EXPECT_TRUE(std::filesystem::is_symlink(temp.path("link")));
+    save();
+    umask(before);
 }
 
 } // namespace turnpost

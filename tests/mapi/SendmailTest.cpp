@@ -12,7 +12,11 @@ namespace fs = std::filesystem;
 class Sendmail : public DeliveryFixture {
   protected:
     Sendmail() {
-        player = {1, "Zoë Zimmer", " zoe@example.org ", "second@example.org", "GAME.M2", true};
+        player = {.IncludePlayer = 1,
+                  .PlayerName = "Zoë Zimmer",
+                  .PlayerEmail = " zoe@example.org ",
+                  .AltEmail = "second@example.org",
+                  .GameFile = "GAME.M2"};
         text = {"Turn 24", "Hello Zoë  \r\nFrom the host:\r\n.\r\n"};
     }
 
@@ -26,7 +30,7 @@ class Sendmail : public DeliveryFixture {
 
     std::string deliver() { return DeliveryFixture::deliver(session, mail); }
 
-    Settings settings{"Hänsel Host", " host@example.org", "", {}, ""};
+    Settings settings{.HostName = "Hänsel Host", .HostEmail = " host@example.org"};
     SendmailSession session{{temp.path("new"), temp.path("bin")}};
     SendmailMessages mail{settings, session, std::chrono::seconds(20)};
 };
@@ -42,8 +46,12 @@ TEST_F(Sendmail, FindsTheFirstExecutableOfThatName) {
     fs::remove(temp.path("new/sendmail"));
     install("echo new; exit 1", "new");
     EXPECT_EQ(deliver(), "MAPI Error: new");
+    const char* path = std::getenv("PATH");
+    ASSERT_NE(path, nullptr);
+    const std::string before = path;
     setenv("PATH", "/opt/bin::bin:./x:/usr/bin:/bin", 1);
     EXPECT_EQ(sendmailFolders(), Texts({"/usr/sbin", "/usr/lib", "/opt/bin", "/usr/bin", "/bin"}));
+    setenv("PATH", before.c_str(), 1);
 }
 
 TEST_F(Sendmail, EveryAddressIsOneArgumentInAscii) {
@@ -101,6 +109,21 @@ TEST_F(Sendmail, HangingProgramsAreKilledAfterTheirTime) {
               "MAPI Error: words\r\nno answer within 2 seconds");
 }
 
+TEST_F(Sendmail, FilesThatVanishBeforeReadingAreAnError) {
+    struct LosingMessages final : SendmailMessages {
+        using SendmailMessages::SendmailMessages;
+        std::optional<Refusal> Send() override {
+            fs::remove(attachments.front().AttachmentPathName);
+            return SendmailMessages::Send();
+        }
+    } losing(settings, session);
+    install("cat >/dev/null");
+    temp.write("GAME.M2", "x");
+    attachments.SendMFiles = 1;
+    EXPECT_EQ(DeliveryFixture::deliver(session, losing),
+              "MAPI Error: Cannot read " + temp.path("GAME.M2") + "\r\nNo such file or directory");
+}
+
 // The mail system nullmailer with a spool of its own. It only queues the mail, because the service
 // that delivers it does not run here.
 TEST_F(Sendmail, RealMailSystemQueuesEveryByte) {
@@ -117,7 +140,9 @@ TEST_F(Sendmail, RealMailSystemQueuesEveryByte) {
     temp.write(names[1], "\r\n.\r\nFrom you \n\r");
     temp.write(names[2], std::string(100000, '\xFF'));
     attachments = {1, 0, {temp.path(names[1]), temp.path(names[2]), ""}};
-    ASSERT_EQ(deliver(), "Email Generated OK") << "tools/install-packages test unpacks nullmailer";
+    const std::string line = deliver();
+    unsetenv("NULLMAILER_TEST_PREFIX");
+    ASSERT_EQ(line, "Email Generated OK") << "tools/install-packages test unpacks nullmailer";
 
     // Each entry holds the envelope (one address per line), an empty line and the message.
     const std::string envelope = "host@example.org\nzoe@example.org\nsecond@example.org\n\n";

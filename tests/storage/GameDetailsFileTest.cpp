@@ -9,8 +9,16 @@ namespace turnpost {
 class GameDetailsFiles : public testing::Test {
   protected:
     GameDetailsFiles() {
-        game.rows[0] = {1, "Red Leader", "red@example.org", "", "CUP.M1", true};
-        game.rows[1] = {0, "Blue, Fleet", "a@example.org", "b@example.org", "CUP.M2", true};
+        game.rows[0] = {.IncludePlayer = 1,
+                        .PlayerName = "Red Leader",
+                        .PlayerEmail = "red@example.org",
+                        .GameFile = "CUP.M1",
+                        .Shown = true};
+        game.rows[1] = {.PlayerName = "Blue, Fleet",
+                        .PlayerEmail = "a@example.org",
+                        .AltEmail = "b@example.org",
+                        .GameFile = "CUP.M2",
+                        .Shown = true};
         game.rows[2].IncludePlayer = 2;
     }
 
@@ -19,7 +27,8 @@ class GameDetailsFiles : public testing::Test {
     void expectReads(const std::string& text) const {
         const GameFileReading reading = parseGameDetails(text);
         EXPECT_FALSE(reading.damage) << text;
-        EXPECT_TRUE(reading.content.game == game && reading.content.message == message) << text;
+        EXPECT_EQ(reading.content.game, game) << text;
+        EXPECT_EQ(reading.content.message, message) << text;
     }
 
     // The damage that is reported when `from` is replaced in the sample's file.
@@ -30,12 +39,13 @@ class GameDetailsFiles : public testing::Test {
             .words;
     }
 
-    GameDetails game{"Spring Cup", "C:\\Stars\\Cup\\", "CUP.HST", 9999, {}};
+    GameDetails game{
+        .GameName = "Spring Cup", .GamePath = "C:\\Games\\Cup\\", .HostFileName = "CUP.HST"};
     MessageTemplate message{"Turn <<GY>>", "Hello <<FN>>,\r\nyour turn."};
 };
 
 TEST_F(GameDetailsFiles, HaveTheExpectedLinesInFixedOrder) {
-    std::string expected = "\"Spring Cup\"\r\n\"C:\\Stars\\Cup\\\"\r\n\"CUP.HST\"\r\n"
+    std::string expected = "\"Spring Cup\"\r\n\"C:\\Games\\Cup\\\"\r\n\"CUP.HST\"\r\n"
                            "\"Turn <<GY>>\"\r\n\"Hello <<FN>>,\r\nyour turn.\"\r\n"
                            "1,1,\"Red Leader\",\"red@example.org\",\"\",\"CUP.M1\"\r\n"
                            "1,0,\"Blue, Fleet\",\"a@example.org\",\"b@example.org\",\"CUP.M2\"\r\n"
@@ -58,7 +68,9 @@ TEST_F(GameDetailsFiles, AcceptLooselyWrittenFlagsAndEmptyTexts) {
     }
     expectReads(text.replace(text.rfind("0,0"), std::string::npos, "0,0,,,,\r\n"));
     expectReads(text.replace(text.find("1,1"), 3, "+1,1 "));
-    game.rows[0] = {-1, "Red \"the\" Leader", "red@example.org", "", "CUP.M1", false};
+    game.rows[0].IncludePlayer = -1;
+    game.rows[0].PlayerName = "Red \"the\" Leader";
+    game.rows[0].Shown = false;
     expectReads(text.replace(text.find("+1,1 ,\"Red "), 11, "-1,-1,\"Red \"the\" ") + "\r\n \r\n");
 }
 
@@ -74,6 +86,14 @@ TEST_F(GameDetailsFiles, CutAtAnyByteCountAsDamaged) {
     }
     message.MessageBody = "\r\n1,1,\"its opening quote\",\"alone\",\"on its line\",\"is no end";
     expectReads(print());
+}
+
+TEST_F(GameDetailsFiles, AreNamedAfterTheSecondPlayersTurnFile) {
+    for (const auto& [turnFile, name] :
+         {std::pair("MY.CUP.M2", "MY.CUP.NTP"), {".M2", ".NTP"}, {"M2", "CUP.NTP"}}) {
+        game.rows[1].GameFile = turnFile;
+        EXPECT_EQ(gameDetailsFile(game), game.GamePath + name);
+    }
 }
 
 TEST_F(GameDetailsFiles, DamageIsNamed) {

@@ -27,11 +27,11 @@ class SettingsText : public testing::Test {
         EXPECT_EQ(reading.damaged, lines < 8) << text;
     }
 
-    Settings sample{"Game Host",
-                    "host@example.org",
-                    "mail:2525",
-                    {{{"Spring, Cup", "C:\\Cup\\CUP.NTP"}, {}, {}, {}}},
-                    "C:\\C.NTP"};
+    Settings sample{.HostName = "Game Host",
+                    .HostEmail = "host@example.org",
+                    .SmtpServer = "mail:2525",
+                    .StoredGames = {{{"Spring, Cup", "C:\\Cup\\CUP.NTP"}}},
+                    .DefaultGameFile = "C:\\C.NTP"};
 };
 
 TEST_F(SettingsText, HasEightLinesInFixedOrder) {
@@ -47,7 +47,8 @@ TEST_F(SettingsText, HasEightLinesInFixedOrder) {
     sample.HostName = "\"The\" Host";
     expected.replace(1, 4, "\"The\"");
     expectReads(expected);
-    sample = {"a, b", "c", "d", {{{"1", "2"}, {"", ""}, {"", ""}, {"", ""}}}, ""};
+    sample = {.HostName = "a, b", .HostEmail = "c", .SmtpServer = "d"};
+    sample.StoredGames = {{{"1", "2"}, {"", ""}, {"", ""}, {"", ""}}};
     expectReads("  \"a, b\" , \"c\",\"d\" ,1,\"2\"\r\"\",\"\",\"\",\"\",\"\",\"\"\n\n");
 }
 
@@ -84,7 +85,7 @@ class SettingsFiles : public SettingsText {
     void expectRead(Outcome outcome, const Settings& expected) {
         Settings settings = sample;
         EXPECT_EQ(file.read(settings), outcome);
-        EXPECT_TRUE(settings == expected) << printSettings(settings);
+        EXPECT_EQ(settings, expected);
     }
 
     TempFolder program;
@@ -94,9 +95,12 @@ class SettingsFiles : public SettingsText {
 
 TEST_F(SettingsFiles, DamagedFilesAreKeptBeforeTheyAreOverwritten) {
     const std::string damaged = "\"Host\"\r\n\"host@exam";
-    const std::string large = printSettings(sample) + std::string(1U << 20U, 'x');
+    sample.HostName = "J\u00FCrgen";
+    std::string large = printSettings(sample);
+    // The limit is inside the last character.
+    large.append((1U << 20U) - large.size(), 'x').append("\u00FC");
     program.write("TURNPOST.INI", damaged);
-    expectRead(Outcome::Damaged, {"Host", "", "", {}, ""});
+    expectRead(Outcome::Damaged, {.HostName = "Host"});
     EXPECT_EQ(program.names(), Names({"TURNPOST.INI"}));
     file.write(Settings());
     file.write(sample);
@@ -113,7 +117,6 @@ TEST_F(SettingsFiles, FilesNeverReadAreKeptBeforeTheyAreOverwritten) {
     program.makeFolder("TURNPOST.INI");
     EXPECT_THROW(file.read(sample), FileError);
     std::filesystem::remove(toNativePath(file.path()));
-    file.write(sample);
     program.write("TURNPOST.INI", "of the host");
     file.write(sample);
     EXPECT_EQ(program.read("TURNPOST.BAD"), "of the host");
@@ -143,7 +146,7 @@ TEST_F(SettingsFiles, AreReadFromAReadOnlyProgramFolder) {
     std::filesystem::permissions(program.path(), std::filesystem::perms(0755));
     program.write("turnpost.ini", "\"J\xFCrgen\"" + printSettings(Settings()).substr(2));
     EXPECT_EQ(pathInReadOnlyFolder(), program.path("TURNPOST.INI"));
-    expectRead(Outcome::Read, {"J\u00FCrgen", "", "", {}, ""});
+    expectRead(Outcome::Read, {.HostName = "J\u00FCrgen"});
 }
 #endif
 

@@ -1,6 +1,5 @@
-// A mail client for tests. It appends each request to the file that TURNPOST_RECORD names. Then it
-// lets the owner window act, as a message loop would, and answers with the codes in
-// TURNPOST_LOGON_CODE and TURNPOST_SEND_CODE.
+// A mail client for tests. It appends each request to the file that TURNPOST_RECORD names, and
+// answers with the codes in TURNPOST_LOGON_CODE and TURNPOST_SEND_CODE.
 
 #include "mapi/SimpleMapi.h"
 #include "text/CodePage.h"
@@ -27,8 +26,7 @@ template <typename... Parts> void record(const Parts&... parts) {
     (file << ... << parts) << '\n';
 }
 
-ULONG answer(ULONG_PTR window, const wchar_t* code) {
-    SendMessageW(reinterpret_cast<HWND>(window), WM_APP, 0, 0);
+ULONG answer(const wchar_t* code) {
     return wcstoul(variable(code).c_str(), nullptr, 10);
 }
 
@@ -40,12 +38,12 @@ __declspec(dllexport) ULONG WINAPI MAPILogon(ULONG_PTR window, LPSTR profile, LP
                                              FLAGS flags, ULONG, LPLHANDLE handle) {
     record("logon window=", window, " profile=", profile, " password=", password, " flags=", flags);
     *handle = session;
-    return answer(window, L"TURNPOST_LOGON_CODE");
+    return answer(L"TURNPOST_LOGON_CODE");
 }
 
 __declspec(dllexport) ULONG WINAPI MAPILogoff(LHANDLE handle, ULONG_PTR window, FLAGS, ULONG) {
     record("logoff session=", handle, " window=", window);
-    return answer(window, L"");
+    return SUCCESS_SUCCESS;
 }
 
 __declspec(dllexport) ULONG WINAPI
@@ -65,6 +63,6 @@ __declspec(dllexport) ULONG WINAPI
                " path=", fromUtf16(file.lpszPathName),
                " name=", file.lpszFileName == nullptr ? "NULL" : fromUtf16(file.lpszFileName));
     }
-    return answer(window, L"TURNPOST_SEND_CODE");
+    return answer(L"TURNPOST_SEND_CODE");
 }
 }
