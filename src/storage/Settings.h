@@ -18,12 +18,12 @@ struct StoredGame {
 
 /// What the settings file keeps between runs. Without a file the start values apply.
 struct Settings {
-    std::string HostName;
-    std::string HostEmail;
-    std::string SmtpServer;
-    std::array<StoredGame, 4> StoredGames;
+    std::string HostName = {};
+    std::string HostEmail = {};
+    std::string SmtpServer = {};
+    std::array<StoredGame, 4> StoredGames = {};
     /// Full path of the game details file that start-up loads; empty for none.
-    std::string DefaultGameFile;
+    std::string DefaultGameFile = {};
 
     bool operator==(const Settings&) const = default;
 };
