@@ -1,5 +1,4 @@
 #include "Property.h"
-#include "compose/MUUEncode.h"
 #include "fakes/FakeDisplay.h"
 #include "fakes/FakeSocket.h"
 #include "fakes/TempFolder.h"
@@ -11,39 +10,30 @@ using fuzz::require;
 
 namespace {
 
-// In every group of three rows, the first gets a message with a file, the second has no address,
-// and the third is skipped.
-struct Game {
-    TempFolder folder;
-    GameDetails details;
-    MessageTemplate message{"Turn <<PN>>", "Hello\r\n.\r\nPlayer <<PN>>"};
-    AttachmentChoices attachments{0, 0, {folder.path("EXTRA")}};
-    Settings settings{"Host", " host@example.org ", "mail", {}, ""};
-
-    Game() {
-        folder.write("GAME.HST", "host");
-        folder.write("EXTRA", "bytes");
-        details.GamePath = withSeparator(folder.path());
-        for (size_t i = 0; i < rowCount; ++i) {
-            const std::string name = "P" + std::to_string(i + 1);
-            details.rows.at(i) = {i % 3 < 2, name, i % 3 == 0 ? " p@" + name : "", "alt", "", true};
-        }
+// In every group of three rows, the first gets a message, the second has no address, and the third
+// is skipped.
+GameDetails gameIn(const TempFolder& folder) {
+    folder.write("GAME.HST", "host");
+    GameDetails game{.GamePath = withSeparator(folder.path())};
+    for (int row = 0; row < rowCount; ++row) {
+        game.row(row) = {.IncludePlayer = row % 3 < 2,
+                         .PlayerName = "P",
+                         .PlayerEmail = row % 3 == 0 ? "p" + std::to_string(row) : "",
+                         .Shown = true};
     }
+    return game;
+}
 
-    /// All that the program sends on a row's connection, part by part.
-    static std::vector<std::string> parts(size_t row) {
-        const std::string number = std::to_string(row + 1);
-        const std::string name = "P" + number;
-        return {"HELO host\r\n",
-                "MAIL FROM:host@example.org\r\n",
-                "RCPT TO:p@" + name + "\r\n",
-                "DATA\r\n",
-                "From:Host < host@example.org >\r\nTo:" + name + " < p@" + name + ">\r\nCC:" +
-                    name + "<alt>\r\nSubject:Turn " + number + "\r\n\r\nHello\r\n..\r\nPlayer " +
-                    number + "\r\n\r\n" + uuencodedBlock("EXTRA", "bytes") + "\r\n\r\n.\r\n",
-                "QUIT\r\n"};
-    }
-};
+/// What the program sends on a row's connection, part by part.
+std::vector<std::string> parts(size_t row) {
+    const std::string to = "p" + std::to_string(row);
+    return {"HELO h\r\n",
+            "MAIL FROM:h\r\n",
+            "RCPT TO:" + to + "\r\n",
+            "DATA\r\n",
+            "From:H <h>\r\nTo:P <" + to + ">\r\nSubject:Turn\r\n\r\nHello\r\n\r\n\r\n.\r\n",
+            "QUIT\r\n"};
+}
 
 bool accepted(const std::string& reply) {
     return reply.starts_with("220") || reply.starts_with("250") || reply.starts_with("354");
@@ -54,12 +44,15 @@ bool accepted(const std::string& reply) {
 // Each text of the input is one arrival of data; the text "!" is a broken connection. Without a
 // connection there are no events.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
-    static const Game game;
+    static const TempFolder folder;
+    static const GameDetails game = gameIn(folder);
+    static const MessageTemplate message{"Turn", "Hello"};
+    static const AttachmentChoices attachments{0, 0, {}};
+    static const Settings settings{.HostName = "H", .HostEmail = "h", .SmtpServer = "mail"};
     FakeSocket line;
     FakeDisplay screen;
     SendReport report;
-    SendDriver driver({game.details, game.message, game.attachments}, game.settings, report, line,
-                      screen, screen);
+    SendDriver driver({game, message, attachments}, settings, report, line, screen, screen);
     driver.butSend_Click();
     size_t row = 0;
     size_t step = 0;
@@ -79,7 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
             continue;
         }
         if (accepted(reply)) {
-            told += Game::parts(row).at(step);
+            told += parts(row).at(step);
         }
         require(line.sent.at(row / 3) == told, "one accepted reply, one part; its own row's words");
         step = accepted(reply) ? step + 1 : 6;

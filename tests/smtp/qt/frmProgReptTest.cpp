@@ -1,5 +1,5 @@
-#include "automation/Host.h"
 #include "smtp/qt/frmProgRept.h"
+#include "automation/Host.h"
 
 #include <QPlainTextEdit>
 #include <QTest>
