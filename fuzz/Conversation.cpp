@@ -24,15 +24,10 @@ GameDetails gameIn(const TempFolder& folder) {
     return game;
 }
 
-/// What the program sends on a row's connection, part by part.
-std::vector<std::string> parts(size_t row) {
-    const std::string to = "p" + std::to_string(row);
-    return {"HELO h\r\n",
-            "MAIL FROM:h\r\n",
-            "RCPT TO:" + to + "\r\n",
-            "DATA\r\n",
-            "From:H <h>\r\nTo:P <" + to + ">\r\nSubject:Turn\r\n\r\nHello\r\n\r\n\r\n.\r\n",
-            "QUIT\r\n"};
+// How the parts begin that the program sends on a row's connection.
+std::array<std::string, 6> beginnings(size_t row) {
+    return {"HELO h\r\n", "MAIL FROM:h\r\n", "RCPT TO:p" + std::to_string(row) + "\r\n",
+            "DATA\r\n",   "From:H <h>\r\n",  "QUIT\r\n"};
 }
 
 bool accepted(const std::string& reply) {
@@ -56,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     driver.butSend_Click();
     size_t row = 0;
     size_t step = 0;
-    std::string told;
+    size_t told = 0;
     std::vector<std::string> boxes;
     for (const std::string& reply : fuzz::textsOf(data, size, 64)) {
         if (!line.isOpen()) {
@@ -71,10 +66,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
         if (reply.empty()) {
             continue;
         }
-        if (accepted(reply)) {
-            told += parts(row).at(step);
-        }
-        require(line.sent.at(row / 3) == told, "one accepted reply, one part; its own row's words");
+        const std::string part = line.sent.at(row / 3).substr(told);
+        require(accepted(reply) ? part.starts_with(beginnings(row).at(step)) : part.empty(),
+                "one accepted reply, one part; its own row's words");
+        told += part.size();
         step = accepted(reply) ? step + 1 : 6;
         if (step == 6) {
             require(report.at(row) ==
@@ -82,7 +77,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
                     "a row's line says what happened to it");
             row += 3;
             step = 0;
-            told.clear();
+            told = 0;
         }
     }
     require(screen.boxes == boxes, "a box for a broken connection and nothing else");

@@ -30,6 +30,7 @@ TEST_F(SendDrivers, NewSendReplacesTheOldOnlyIfItCanStart) {
     for (const auto& [server, folder, address, message] : std::vector<std::array<std::string, 4>>{
              {"   ", path, own, "No SMTP server address entered"},
              {"other:x", path, own, "Invalid SMTP server address"},
+             {"other", "./", own, "Invalid game path"},
              {"other", path + "missing/", own, "Invalid game path"},
              {"other", path + "empty/", own, "Invalid game path"},
              {" other:26 ", path, "\u202E" + own,

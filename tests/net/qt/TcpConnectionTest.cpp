@@ -52,9 +52,7 @@ class TcpConnections : public testing::Test, public SocketEvents {
     using Log = std::vector<std::string>;
 
     void DataArrival() override { log.push_back(socket->GetData()); }
-    void Error(int number, const std::string& description) override {
-        log.push_back(std::to_string(number) + " " + description);
-    }
+    void Error(int number, const std::string&) override { log.push_back(std::to_string(number)); }
 
     void connect(const std::string& host, std::uint16_t port) {
         socket->setEvents(this);
@@ -73,14 +71,6 @@ class TcpConnections : public testing::Test, public SocketEvents {
         socket->CloseWhenSent();
     }
 
-    static std::string failure(int number, [[maybe_unused]] const std::string& words) {
-#ifdef _WIN32
-        return std::to_string(number) + " " + socketErrorText(number);
-#else
-        return std::to_string(number) + " " + words;
-#endif
-    }
-
     Answer greeting{"220 ready\r\n"};
     const Script script = [this](Point point, int, const std::string&) {
         return point == Point::Greeting ? greeting
@@ -93,19 +83,17 @@ class TcpConnections : public testing::Test, public SocketEvents {
 };
 
 TEST_F(TcpConnections, TryEachAddressThenReportTheError) {
-    const auto expectError = [this](const char* host, std::uint16_t port, const auto& text) {
+    const auto expectError = [this](const char* host, std::uint16_t port, const char* number) {
         connect(host, port);
         EXPECT_EQ(log, Log()) << "from inside Connect";
-        ASSERT_TRUE(logged(1));
-        EXPECT_TRUE(log[0].starts_with(text)) << log[0];
+        EXPECT_TRUE(logged(1));
+        EXPECT_EQ(std::exchange(log, {}), Log{number});
         EXPECT_FALSE(socket->isOpen());
-        log.clear();
     };
-    const std::uint16_t unused = ScriptedServer({}).port();
-    expectError("127.0.0.1", unused, failure(10061, "Connection refused"));
-    expectError("224.0.0.1", 25, failure(10051, "Network is unreachable"));
+    expectError("127.0.0.1", ScriptedServer({}).port(), "10061");
+    expectError("224.0.0.1", 25, "10051");
 #ifndef _WIN32
-    expectError("no..name", 25, "11001 ");
+    expectError("no..name", 25, "11001");
     connect("two.example", server.port());
     EXPECT_TRUE(logged(1));
     EXPECT_EQ(log, Log{greeting.bytes});
@@ -118,11 +106,10 @@ TEST_F(TcpConnections, TryEachAddressThenReportTheError) {
 }
 
 TEST_F(TcpConnections, GiveDataBeforeTheResetThatFollows) {
-    const std::string reset = failure(10054, "Connection reset by peer");
     greeting.then = Answer::Then::Reset;
     connect();
     EXPECT_TRUE(logged(2));
-    EXPECT_EQ(log, (Log{greeting.bytes, reset}));
+    EXPECT_EQ(log, (Log{greeting.bytes, "10054"}));
     greeting.then = Answer::Then::Continue;
     // Unread data makes the server's close a reset; if all was read, data sent later does.
     for (const char* unread : {"HELO", ""}) {
@@ -135,7 +122,7 @@ TEST_F(TcpConnections, GiveDataBeforeTheResetThatFollows) {
         EXPECT_EQ(log.size(), 1);
         EXPECT_TRUE(logged(2));
         runPendingEvents();
-        EXPECT_EQ(log, (Log{greeting.bytes, reset}));
+        EXPECT_EQ(log, (Log{greeting.bytes, "10054"}));
     }
 }
 
@@ -237,7 +224,7 @@ TEST_F(TcpConnections, ThatCannotSendFailWithTheSystemsError) {
     socket->SendData("MAIL FROM:host\r\n");
     EXPECT_TRUE(waitUntil([&] { return server.conversations()[0].ended; }));
     runPendingEvents();
-    EXPECT_EQ(log, (Log{greeting.bytes, "10055 No buffer space available"}));
+    EXPECT_EQ(log, (Log{greeting.bytes, "10055"}));
     EXPECT_FALSE(socket->isOpen());
     EXPECT_EQ(server.conversations()[0].commands, Log());
 }
