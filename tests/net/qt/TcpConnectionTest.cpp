@@ -90,7 +90,8 @@ TEST_F(TcpConnections, TryEachAddressThenReportTheError) {
         EXPECT_EQ(std::exchange(log, {}), Log{number});
         EXPECT_FALSE(socket->isOpen());
     };
-    expectError("127.0.0.1", ScriptedServer({}).port(), "10061");
+    const std::uint16_t unused = ScriptedServer({}).port();
+    expectError("127.0.0.1", unused, "10061");
     expectError("224.0.0.1", 25, "10051");
 #ifndef _WIN32
     expectError("no..name", 25, "11001");
