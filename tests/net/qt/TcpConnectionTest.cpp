@@ -86,7 +86,7 @@ TEST_F(TcpConnections, TryEachAddressThenReportTheError) {
     const auto expectError = [this](const char* host, std::uint16_t port, const char* number) {
         connect(host, port);
         EXPECT_EQ(log, Log()) << "from inside Connect";
-        EXPECT_TRUE(logged(1));
+        ASSERT_TRUE(logged(1));
         EXPECT_EQ(std::exchange(log, {}), Log{number});
         EXPECT_FALSE(socket->isOpen());
     };
@@ -96,7 +96,7 @@ TEST_F(TcpConnections, TryEachAddressThenReportTheError) {
 #ifndef _WIN32
     expectError("no..name", 25, "11001");
     connect("two.example", server.port());
-    EXPECT_TRUE(logged(1));
+    ASSERT_TRUE(logged(1));
     EXPECT_EQ(log, Log{greeting.bytes});
     // Tests cannot cause these errors, or only in minutes.
     for (const auto& [error, number] :
@@ -109,19 +109,19 @@ TEST_F(TcpConnections, TryEachAddressThenReportTheError) {
 TEST_F(TcpConnections, GiveDataBeforeTheResetThatFollows) {
     greeting.then = Answer::Then::Reset;
     connect();
-    EXPECT_TRUE(logged(2));
+    ASSERT_TRUE(logged(2));
     EXPECT_EQ(log, (Log{greeting.bytes, "10054"}));
     greeting.then = Answer::Then::Continue;
     // Unread data makes the server's close a reset; if all was read, data sent later does.
     for (const char* unread : {"HELO", ""}) {
         log.clear();
         connect();
-        EXPECT_TRUE(logged(1));
+        ASSERT_TRUE(logged(1));
         socket->SendData(unread);
         server.forget();
         socket->SendData(" host\r\n");
         EXPECT_EQ(log.size(), 1);
-        EXPECT_TRUE(logged(2));
+        ASSERT_TRUE(logged(2));
         runPendingEvents();
         EXPECT_EQ(log, (Log{greeting.bytes, "10054"}));
     }
@@ -141,7 +141,7 @@ TEST_F(TcpConnections, ClosedByTheServerLeaveTheNextOneOpen) {
         const auto asked = std::chrono::steady_clock::now();
         socket->SendData("QUIT\r\n");
         EXPECT_TRUE(waitUntil([&] { return !socket->isOpen(); }));
-        EXPECT_TRUE(logged(2 * connection));
+        ASSERT_TRUE(logged(2 * connection));
         EXPECT_LE(socket->silence(), std::chrono::steady_clock::now() - asked);
     }
     runPendingEvents();
@@ -159,7 +159,7 @@ TEST_F(TcpConnections, OfBeforeNeverReachTheNewOne) {
                          connect();
                      });
     server.release(0);
-    EXPECT_TRUE(logged(1));
+    ASSERT_TRUE(logged(1));
     EXPECT_TRUE(waitUntil([&] { return server.conversations()[0].ended; }));
     runPendingEvents();
     EXPECT_EQ(log, Log{"220 new\r\n"});
@@ -193,7 +193,7 @@ TEST_F(TcpConnections, SendWhatIsQueuedAtTheProgramsEnd) {
         socket = std::make_unique<TcpSocket>();
         log.clear();
         connect("127.0.0.1", port.get_future().get());
-        EXPECT_TRUE(logged(1));
+        ASSERT_TRUE(logged(1));
         queueAndEnd(500000);
         ending = true;
         socket.reset();
