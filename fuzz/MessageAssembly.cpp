@@ -42,8 +42,8 @@ std::string namesOf(const std::string& header) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     const auto texts = fuzz::textsOf(data, size, 9);
-    const Settings settings{texts[0], texts[1], "", {}, ""};
-    const PlayerSlot player{1, texts[2], texts[3], texts[4], "", true};
+    const Settings settings{.HostName = texts[0], .HostEmail = texts[1]};
+    const PlayerSlot player{.PlayerName = texts[2], .PlayerEmail = texts[3], .AltEmail = texts[4]};
     const std::string& fileName = texts[7];
     const std::string& fileBytes = texts[8];
     SendState state;

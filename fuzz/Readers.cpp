@@ -119,7 +119,8 @@ void checkReading(const std::string& bytes) {
 // Takes the input as the texts of both files. Its first 16 bytes are also the rows' flags.
 void checkWriting(const std::uint8_t* data, size_t size) {
     const auto few = fuzz::textsOf(data, size, 12);
-    Settings settings{few[0], few[1], few[2], {}, few[11]};
+    Settings settings{
+        .HostName = few[0], .HostEmail = few[1], .SmtpServer = few[2], .DefaultGameFile = few[11]};
     for (size_t i = 0; i < 4; ++i) {
         settings.StoredGames.at(i) = {few[3 + 2 * i], few[4 + 2 * i]};
     }
@@ -128,10 +129,15 @@ void checkWriting(const std::uint8_t* data, size_t size) {
         return;
     }
     const auto texts = fuzz::textsOf(data + rowCount, size - rowCount, 5 + 4 * rowCount);
-    GameDetails game{texts[1], texts[2], texts[3], unsetGameYear, {}};
+    GameDetails game{.GameName = texts[1], .GamePath = texts[2], .HostFileName = texts[3]};
     for (size_t i = 0; i < rowCount; ++i) {
         const std::string* text = &texts[5 + 4 * i];
-        game.rows.at(i) = {data[i] / 2, text[0], text[1], text[2], text[3], data[i] % 2 == 1};
+        game.rows.at(i) = {.IncludePlayer = data[i] / 2,
+                           .PlayerName = text[0],
+                           .PlayerEmail = text[1],
+                           .AltEmail = text[2],
+                           .GameFile = text[3],
+                           .Shown = data[i] % 2 == 1};
     }
     checkGame(game, {texts[4], texts[0]});
 }

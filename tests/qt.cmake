@@ -15,8 +15,6 @@ endforeach()
 target_compile_definitions(test_smtp_qt PRIVATE TURNPOST_TESTS="${CMAKE_CURRENT_SOURCE_DIR}")
 
 if(CMAKE_CROSSCOMPILING)
-  turnpost_test_with_utf8(test_smtp_qt --gtest_filter=Addresses.*)
-  qt_import_plugins(test_smtp_qt_utf8 INCLUDE Qt6::QOffscreenIntegrationPlugin)
   return() # The tests below start programs from scripts of this system.
 endif()
 # All that a host does, from an empty folder to both reports.

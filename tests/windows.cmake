@@ -22,6 +22,6 @@ function(turnpost_test_with_utf8 program)
     FAIL_REGULAR_EXPRESSION "Running 0 tests")
 endfunction()
 
-foreach(program test_text test_files test_storage test_app test_mapi_windows)
+foreach(program test_text test_files test_storage test_smtp test_app test_mapi_windows)
   turnpost_test_with_utf8(${program})
 endforeach()

@@ -58,14 +58,13 @@ class FullGame : public WindowTest {
             lengths[player] = 0;
         }
         host().startGame(server.address(), lengths);
-        host().type("GameName", "Full Game");
+        auto& app = host().desktop().app();
+        app.game().GameName = "Full Game";
         for (int row = 0; row < players; ++row) {
-            host().type(QString("PlayerName(%1)").arg(row),
-                        QString("Captain%1 Of Many").arg(row + 1));
+            app.game().row(row).PlayerName = "Captain" + std::to_string(row + 1) + " Of Many";
         }
         // Only named in the message: no mail may arrive there.
-        host().type("AltEmail(3)", "p4-alternate@example.org");
-        auto& app = host().desktop().app();
+        app.game().rows[3].AltEmail = "p4-alternate@example.org";
         app.storeMessage({"Turn <<GY>> of <<GN>> for player <<PN>>",
                           withCrLf(textFor("<<PN>>", "<<FN>>", "<<GN>>", "<<GY>>"))});
         AttachmentChoices files{1, 1, {}};

@@ -1,5 +1,5 @@
-#include "automation/Host.h"
 #include "smtp/qt/frmProgRept.h"
+#include "automation/Host.h"
 
 #include <QPlainTextEdit>
 #include <QTest>
@@ -20,7 +20,8 @@ TEST(SendingReport, MegabyteWithoutBlanksShowsQuicklyAndHidesNothing) {
         watcher.readReport(form);
     });
     frmProgRept(nullptr, report).exec();
-    ASSERT_TRUE(watcher.done() && watcher.faults().empty());
+    ASSERT_TRUE(watcher.done());
+    EXPECT_EQ(watcher.faults(), std::vector<std::string>());
     EXPECT_TRUE(watcher.texts()[0].starts_with("Player 1: " + report[0] + "\nPlayer 2: \nPlayer "));
     EXPECT_TRUE(watcher.texts()[0].ends_with("\nPlayer 15: \nPlayer 16: Email sent OK\n"));
 }
