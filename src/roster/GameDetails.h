@@ -16,13 +16,13 @@ inline constexpr std::int16_t unsetGameYear = 9999;
 /// The current game. The main window shows it, and every change there is stored here at once, so
 /// that both always agree.
 struct GameDetails {
-    std::string GameName;
+    std::string GameName = {};
     /// Folder of the host file, ending in a separator; empty without a game.
-    std::string GamePath;
+    std::string GamePath = {};
     /// Name of the host file, without folder.
-    std::string HostFileName;
+    std::string HostFileName = {};
     std::int16_t GameYear = unsetGameYear;
-    std::array<PlayerSlot, rowCount> rows;
+    std::array<PlayerSlot, rowCount> rows = {};
 
     /// `index` is 0 to 15.
     PlayerSlot& row(int index) { return rows.at(static_cast<size_t>(index)); }

@@ -8,11 +8,11 @@ namespace turnpost {
 struct PlayerSlot {
     /// 0 leaves the player out; any other number includes the player. The window sets only 0 and 1.
     int IncludePlayer = 0;
-    std::string PlayerName;
-    std::string PlayerEmail;
-    std::string AltEmail;
+    std::string PlayerName = {};
+    std::string PlayerEmail = {};
+    std::string AltEmail = {};
     /// Turn file name without folder.
-    std::string GameFile;
+    std::string GameFile = {};
     /// True when the row belongs to the current game; its controls are then visible.
     bool Shown = false;
 
