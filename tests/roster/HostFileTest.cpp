@@ -1,6 +1,7 @@
 #include "roster/HostFile.h"
 
 #include "fakes/TempFolder.h"
+#include "files/FileError.h"
 
 #include <gtest/gtest.h>
 
@@ -32,6 +33,8 @@ TEST(HostFile, ReadsTheYearAndShowsRowsWithTurnFiles) {
     }
     chooseHostFile(game, temp.path(), "my.cup.hst");
     EXPECT_EQ(game, expected);
+    temp.write("short.hst", std::string(13, '\1'));
+    EXPECT_THROW(readGameYear(temp.path("short.hst")), FileError);
 }
 
 } // namespace turnpost

@@ -82,9 +82,9 @@ TEST_F(MainForm, SelectsAtEveryMousePressAndNoKey) {
     EXPECT_EQ(ticks(), (std::vector{0, 1, 0, 2}));
 }
 
-TEST_F(MainForm, FitsLongGameNamesIntoMenuAndTooltip) {
+TEST_F(MainForm, ShowsForeignTextPlainInMenuAndTooltips) {
     const std::string name = "<b>&\t" + std::string(500, 'x') + "\t&</b>";
-    window().showValues({name, " -\tEmpty - ", "", ""});
+    window().showValues({name, " -\tEm\npty - ", "", ""});
     const auto* item = window().findChild<QAction*>("mnuStoredG(1)");
     const QRegularExpression cut("^<b>&& x{5,}…x{5,} &&</b>$");
     EXPECT_TRUE(cut.match(item->text()).hasMatch()) << item->text().toStdString();
@@ -93,7 +93,11 @@ TEST_F(MainForm, FitsLongGameNamesIntoMenuAndTooltip) {
     EXPECT_TRUE(menu->toolTipsVisible());
     const QString tip = QTextDocumentFragment::fromHtml(item->toolTip()).toPlainText();
     EXPECT_EQ(QString(tip).remove('\n').toStdString(), name);
-    EXPECT_EQ(window().findChild<QAction*>("mnuStoredG(2)")->text(), " - Empty - ");
+    EXPECT_EQ(window().findChild<QAction*>("mnuStoredG(2)")->text(), " - Em pty - ");
+    window().showNotes({"<b>550 no</b>\r\n"});
+    auto* tick = at<QWidget>("IncludePlayer", 0);
+    EXPECT_EQ(tick->accessibleDescription(), "<b>550 no</b>");
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(tick->toolTip()).toPlainText(), "<b>550 no</b>");
 }
 
 TEST_F(MainForm, ClosedAgainWhileItClosesClosesOnce) {
