@@ -15,10 +15,9 @@ TEST(NameList, IndentsDeepLinesAndShowsTheSelectedOne) {
         list.setLines(std::vector<NameList::Line>(100, {"x", icon, deepest, {}, {}}));
         list.show();
         list.selectLine(60);
-        const QRect line = list.visualRect(list.model()->index(60, 0));
-        EXPECT_TRUE(list.viewport()->rect().contains(line));
-        const QImage image =
-            list.viewport()->grab(list.visualRect(list.model()->index(61, 0))).toImage();
+        const QRect next = list.visualRect(list.model()->index(61, 0));
+        EXPECT_TRUE(list.viewport()->rect().contains(next));
+        const QImage image = list.viewport()->grab(next).toImage();
         int left = 0;
         while (left < image.width() && image.pixelColor(left, image.height() / 2) != Qt::red) {
             ++left;
