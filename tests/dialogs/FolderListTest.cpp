@@ -8,10 +8,10 @@ namespace turnpost {
 
 using Names = std::vector<std::string>;
 
-static Names namesOf(const std::vector<FileLine>& files) {
+template <typename Line> static Names namesOf(const std::vector<Line>& lines, size_t from = 0) {
     Names names;
-    for (const FileLine& file : files) {
-        names.push_back(file.name);
+    for (size_t line = from; line < lines.size(); ++line) {
+        names.push_back(lines[line].name);
     }
     return names;
 }
@@ -27,12 +27,9 @@ TEST(FolderList, ShowsParentFoldersSubfoldersAndMatchingFiles) {
     const FolderList list = listFolder(temp.path("Game/.//"), "*.NTP").value();
     EXPECT_EQ(list.folder(), temp.path("Game"));
     EXPECT_EQ(list.lines.front().path, fromNativePath(toNativePath(temp.path()).root_path()));
-    Names names;
-    for (size_t line = list.current; line < list.lines.size(); ++line) {
-        names.push_back(list.lines[line].name);
-        EXPECT_TRUE(listFolder(list.lines[line].path, "*.*")) << names.back();
-    }
-    EXPECT_EQ(names, Names({"Game", "A", "b", "C", ".wine"}));
+    EXPECT_EQ(list.lines.at(list.current - 1).path, temp.path());
+    EXPECT_EQ(list.lines.back().path, temp.path("Game/.wine"));
+    EXPECT_EQ(namesOf(list.lines, list.current), Names({"Game", "A", "b", "C", ".wine"}));
     EXPECT_EQ(namesOf(list.files), Names({"A.NTP", "b.ntp", "c.Ntp", ".NTP"}));
     EXPECT_EQ(listFolder(temp.path("Game"), "*.*")->files.size(), 6U);
 }

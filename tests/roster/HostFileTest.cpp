@@ -1,6 +1,7 @@
 #include "roster/HostFile.h"
 
 #include "fakes/TempFolder.h"
+#include "files/FileError.h"
 
 #include <gtest/gtest.h>
 
@@ -13,16 +14,27 @@ TEST(HostFile, ReadsTheYearAndShowsRowsWithTurnFiles) {
         temp.write(name, "turn");
     }
     temp.makeFolder("MY.CUP.M6");
-    GameDetails game;
-    game.GameName = "Cup";
-    game.rows.fill({0, "Name", "mail@example.org", "alt@example.org", "OLD.M1", true});
-    GameDetails expected{"Cup", withSeparator(temp.path()), "my.cup.hst", 32767, {}};
-    expected.rows.fill({0, "Name", "mail@example.org", "alt@example.org", "OLD.M1", false});
-    expected.rows[0] = {1, "", "", "", "my.cup.M1", true};
-    expected.rows[1] = {1, "", "", "", "my.cup.M2", true};
-    expected.rows[15] = {1, "", "", "", "my.cup.M16", true};
+    PlayerSlot row{.PlayerName = "Name",
+                   .PlayerEmail = "mail@a.org",
+                   .AltEmail = "alt@a.org",
+                   .GameFile = "OLD.M1",
+                   .Shown = true};
+    GameDetails game{.GameName = "Cup"};
+    game.rows.fill(row);
+    GameDetails expected{.GameName = "Cup",
+                         .GamePath = withSeparator(temp.path()),
+                         .HostFileName = "my.cup.hst",
+                         .GameYear = 32767};
+    row.Shown = false;
+    expected.rows.fill(row);
+    for (const int found : {0, 1, 15}) {
+        expected.row(found) = {
+            .IncludePlayer = 1, .GameFile = "my.cup.M" + std::to_string(found + 1), .Shown = true};
+    }
     chooseHostFile(game, temp.path(), "my.cup.hst");
-    EXPECT_TRUE(game == expected);
+    EXPECT_EQ(game, expected);
+    temp.write("short.hst", std::string(13, '\1'));
+    EXPECT_THROW(readGameYear(temp.path("short.hst")), FileError);
 }
 
 } // namespace turnpost

@@ -31,8 +31,10 @@ class Boxes : public testing::Test {
         return [this, key](const QString& text) {
             QApplication::clipboard()->setText(text);
             QTest::mouseClick(form.windowHandle(), Qt::RightButton, {}, box->geometry().center());
-            QTest::keyClick(QApplication::activePopupWidget(), key);
-            if (QWidget* menu = QApplication::activePopupWidget()) {
+            QWidget* menu = QApplication::activePopupWidget();
+            ASSERT_NE(menu, nullptr);
+            QTest::keyClick(menu, key);
+            if (QApplication::activePopupWidget() == menu) {
                 menu->close(); // It has no such item.
             }
             runPendingEvents();
@@ -49,13 +51,23 @@ class Boxes : public testing::Test {
         QApplication::sendEvent(box, &event);
     };
 
+    const Deed commit = [this](const QString& text) {
+        QInputMethodEvent event;
+        event.setCommitString(text);
+        QApplication::sendEvent(box, &event);
+    };
+
     QWidget form;
     QLineEdit* box = makeTextBox(&form, "box", QRect(0, 0, 100, 40), "Box");
 };
 
 TEST_F(Boxes, ThatAreReadOnlyTakeAndLoseNothing) {
-    std::vector<Deed> deeds = {press(Qt::Key_X), press(Qt::Key_Backspace), choose(Qt::Key_P),
-                               choose(Qt::Key_T), drop};
+    std::vector<Deed> deeds = {press(Qt::Key_X),
+                               press(Qt::Key_Backspace),
+                               choose(Qt::Key_P),
+                               choose(Qt::Key_T),
+                               drop,
+                               commit};
     for (const auto command : {QKeySequence::Paste, QKeySequence::Cut, QKeySequence::Delete}) {
         for (const QKeySequence& keys : QKeySequence::keyBindings(command)) {
             deeds.push_back(press(keys));
@@ -75,19 +87,48 @@ TEST_F(Boxes, ThatAreReadOnlyTakeAndLoseNothing) {
 TEST_F(Boxes, MakeEachKindOfLineBreakOneBlank) {
     const Deed set = [this](const QString& text) { box->setText(text); };
     const Deed show = [this](const QString& text) { showLine(box, text.toStdString()); };
-    const Deed commit = [this](const QString& text) {
-        QInputMethodEvent event;
-        event.setCommitString(text);
-        QApplication::sendEvent(box, &event);
-    };
     for (const char* lineBreak : {"\r\n", "\n", "\r", "\u2028", "\u2029"}) {
         for (const Deed& deed :
-             {press(QKeySequence::Paste), choose(Qt::Key_P), drop, set, show, commit}) {
+             {press(QKeySequence::Paste), choose(Qt::Key_P), drop, commit, set, show}) {
             box->clear();
             deed(QString("x%1y").arg(lineBreak));
             EXPECT_EQ(box->text(), "x y");
         }
     }
+}
+
+TEST_F(Boxes, UndoAPasteAsAWhole) {
+    QTest::keyClicks(box, "x");
+    const Deed pastes[] = {press(QKeySequence::Paste), choose(Qt::Key_P)};
+    const Deed undoes[] = {press(QKeySequence::Undo), choose(Qt::Key_U)};
+    for (size_t way = 0; way < 2; ++way) {
+        pastes[way]("a b");
+        EXPECT_EQ(box->text(), "xa b");
+        undoes[way]({});
+        EXPECT_EQ(box->text(), "x");
+    }
+    EXPECT_GT(box->maxLength(), 1 << 24);
+}
+
+TEST_F(Boxes, ForAddressesDropForeignInvisibleCharacters) {
+    const QString set = "\u200Bp\u200F1\u202A@\u202E\u2060e\u2064x\u2066.\u2069n\uFEFFet\u00AD";
+    const QString foreign = set + QChar(0xA0);
+    const Deed enters[] = {press(QKeySequence::Paste), choose(Qt::Key_P), drop};
+    for (const QString& taken : {foreign, QString("p1@ex.net ")}) {
+        for (const Deed& enter : enters) {
+            box->clear();
+            enter(foreign);
+            EXPECT_EQ(box->text(), taken);
+        }
+        box->setText(set);
+        EXPECT_EQ(box->text(), set) << "a text of the program stays";
+        takeAddresses(box);
+    }
+    // Characters next to invisible ones in Unicode are kept.
+    const QString neighbours = "\u009F\u00A1\u00AC\u00AE\u200A\u2010\u202F\u205F\u2065\u206A\uFEFE";
+    box->clear();
+    enters[0](neighbours);
+    EXPECT_EQ(box->text(), neighbours);
 }
 
 } // namespace turnpost::automation
