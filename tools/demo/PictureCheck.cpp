@@ -19,6 +19,7 @@ namespace {
 // The pictures that are compared. Of some controls only the outline is compared: they show paths,
 // which differ between machines.
 const std::map<QString, QStringList> comparedPictures = {
+    {"about", {}},
     {"attachments", {"txtFile(0)"}},
     {"email-settings", {}},
     {"main", {"txtGamePath"}},
@@ -28,6 +29,7 @@ const std::map<QString, QStringList> comparedPictures = {
     {"message", {}},
     {"message-box", {}},
     {"picker", {"Drive1", "Dir1"}},
+    {"picker-open", {"Drive1", "Dir1"}},
     {"report", {}},
     {"sending", {"txtGamePath"}},
     {"stored-games", {"txtStoreFile(0)"}},
