@@ -96,8 +96,10 @@ TEST_F(MainForm, ShowsForeignTextPlainInMenuAndTooltips) {
     EXPECT_EQ(window().findChild<QAction*>("mnuStoredG(2)")->text(), " - Em pty - ");
     window().showNotes({"", "550 <b>full</b> &\r\n gone\r\n"});
     for (const char* control : {"PlayNum", "IncludePlayer"}) {
-        EXPECT_EQ(at<QWidget>(control, 1)->toolTip(),
+        const auto* noted = at<QWidget>(control, 1);
+        EXPECT_EQ(noted->toolTip(),
                   "<p style='white-space:pre'>550 &lt;b&gt;full&lt;/b&gt; &amp;<br> gone</p>");
+        EXPECT_EQ(noted->accessibleDescription(), "550 <b>full</b> &\n gone");
     }
 }
 
