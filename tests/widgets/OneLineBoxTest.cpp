@@ -61,17 +61,10 @@ class Boxes : public testing::Test {
     QLineEdit* box = makeTextBox(&form, "box", QRect(0, 0, 100, 40), "Box");
 };
 
-TEST_F(Boxes, ThatAreReadOnlyTakeAndLoseNothing) {
-    std::vector<Deed> deeds = {press(Qt::Key_X),
-                               press(Qt::Key_Backspace),
-                               choose(Qt::Key_P),
-                               choose(Qt::Key_T),
-                               drop,
-                               commit};
-    for (const auto command : {QKeySequence::Paste, QKeySequence::Cut, QKeySequence::Delete}) {
-        for (const QKeySequence& keys : QKeySequence::keyBindings(command)) {
-            deeds.push_back(press(keys));
-        }
+TEST_F(Boxes, ThatAreReadOnlyTakeNothing) {
+    std::vector<Deed> deeds = {press(Qt::Key_X), choose(Qt::Key_P), drop, commit};
+    for (const QKeySequence& keys : QKeySequence::keyBindings(QKeySequence::Paste)) {
+        deeds.push_back(press(keys));
     }
     for (const bool readOnly : {false, true}) {
         for (size_t i = 0; i < deeds.size(); ++i) {
@@ -99,14 +92,10 @@ TEST_F(Boxes, MakeEachKindOfLineBreakOneBlank) {
 
 TEST_F(Boxes, UndoAPasteAsAWhole) {
     QTest::keyClicks(box, "x");
-    const Deed pastes[] = {press(QKeySequence::Paste), choose(Qt::Key_P)};
-    const Deed undoes[] = {press(QKeySequence::Undo), choose(Qt::Key_U)};
-    for (size_t way = 0; way < 2; ++way) {
-        pastes[way]("a b");
-        EXPECT_EQ(box->text(), "xa b");
-        undoes[way]({});
-        EXPECT_EQ(box->text(), "x");
-    }
+    press(QKeySequence::Paste)("a b");
+    EXPECT_EQ(box->text(), "xa b");
+    QTest::keySequence(box, QKeySequence::Undo);
+    EXPECT_EQ(box->text(), "x");
     EXPECT_GT(box->maxLength(), 1 << 24);
 }
 

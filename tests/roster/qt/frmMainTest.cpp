@@ -94,10 +94,13 @@ TEST_F(MainForm, ShowsForeignTextPlainInMenuAndTooltips) {
     const QString tip = QTextDocumentFragment::fromHtml(item->toolTip()).toPlainText();
     EXPECT_EQ(QString(tip).remove('\n').toStdString(), name);
     EXPECT_EQ(window().findChild<QAction*>("mnuStoredG(2)")->text(), " - Em pty - ");
-    window().showNotes({"<b>550 no</b>\r\n"});
-    auto* tick = at<QWidget>("IncludePlayer", 0);
-    EXPECT_EQ(tick->accessibleDescription(), "<b>550 no</b>");
-    EXPECT_EQ(QTextDocumentFragment::fromHtml(tick->toolTip()).toPlainText(), "<b>550 no</b>");
+    window().showNotes({"", "550 <b>full</b> &\r\n gone\r\n"});
+    for (const char* control : {"PlayNum", "IncludePlayer"}) {
+        const auto* noted = at<QWidget>(control, 1);
+        EXPECT_EQ(noted->toolTip(),
+                  "<p style='white-space:pre'>550 &lt;b&gt;full&lt;/b&gt; &amp;<br> gone</p>");
+        EXPECT_EQ(noted->accessibleDescription(), "550 <b>full</b> &\n gone");
+    }
 }
 
 TEST_F(MainForm, ClosedAgainWhileItClosesClosesOnce) {
