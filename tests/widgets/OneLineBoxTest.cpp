@@ -62,7 +62,8 @@ class Boxes : public testing::Test {
 };
 
 TEST_F(Boxes, ThatAreReadOnlyTakeNothing) {
-    std::vector<Deed> deeds = {press(Qt::Key_X), choose(Qt::Key_P), drop, commit};
+    std::vector<Deed> deeds = {press(Qt::Key_X), choose(Qt::Key_P),        drop,
+                               commit,           press(QKeySequence::Cut), choose(Qt::Key_T)};
     for (const QKeySequence& keys : QKeySequence::keyBindings(QKeySequence::Paste)) {
         deeds.push_back(press(keys));
     }
