@@ -18,8 +18,12 @@ using enum Answer::Then;
 
 constexpr std::array<int, 3> players = {1, 8, 16};
 // A message with this file does not fit into the system's buffers, so that the server can answer
-// before it has received all of it. On Windows the server's buffer cannot be kept small.
-constexpr size_t largeFile = 6000000;
+// before it has received all of it.
+#ifdef _WIN32
+constexpr size_t largeFile = 6000000; // The server's buffer cannot be kept small on Windows.
+#else
+constexpr size_t largeFile = 300000;
+#endif
 
 const std::string sentOk = "Email sent OK";
 const std::string refused = "SMTP Error: ";
@@ -31,7 +35,6 @@ struct Fault {
     // The row's line in the report. None if there is no report: the send waits for more, or ends
     // with a box after a reset.
     std::string line = {};
-    bool delivered = false;
     Point point = Point::Greeting;
 };
 
@@ -45,8 +48,7 @@ std::vector<Fault> faultsAt(Point point) {
         {"Silence", {"", Continue, inMessage ? "" : good}},
         {"TwoRepliesInOne",
          {(point == Point::Data ? "354" : "250") + std::string("-a\r\n354 b")},
-         sentOk,
-         true},
+         sentOk},
         {"Refusal",
          {words + "\xa9 & rest\r\n"},
          refused + words + fromSystemBytes("\xa9") + " & rest\r\n"},
@@ -60,7 +62,6 @@ std::vector<Fault> faultsAt(Point point) {
         }
         if (point == Point::Quit) {
             fault.line = sentOk;
-            fault.delivered = true;
         }
     }
     return faults;
@@ -117,16 +118,17 @@ class Faults : public WindowTest, public testing::WithParamInterface<int> {
     }
 
     void expectFault(const ScriptedServer::Conversation& conversation) {
+        const bool delivered = fault.line == sentOk;
         if (!fault.line.empty()) {
             const bool inMessage = fault.point == Point::InMessage;
             if (inMessage) {
                 server.release(static_cast<int>(start + faulty));
             }
             ASSERT_TRUE(waitUntil([&] { return conversation.ended; }));
-            EXPECT_TRUE(!conversation.wasReset || (inMessage && !fault.delivered));
+            EXPECT_TRUE(!conversation.wasReset || (inMessage && !delivered));
         }
-        EXPECT_EQ(std::ranges::count(conversation.commands, "QUIT"), fault.line == sentOk);
-        EXPECT_EQ(conversation.delivered, fault.delivered);
+        EXPECT_EQ(std::ranges::count(conversation.commands, "QUIT"), delivered);
+        EXPECT_EQ(conversation.delivered, delivered);
     }
 
     void expectDelivered(const ScriptedServer::Conversation& conversation, int player) {
@@ -154,7 +156,7 @@ class Faults : public WindowTest, public testing::WithParamInterface<int> {
 };
 
 TEST_P(Faults, AreReportedAndTheNextSendWorks) {
-    const Fault none{"None", goodAnswer(Point::Greeting), sentOk, true};
+    const Fault none{"None", goodAnswer(Point::Greeting), sentOk};
     send(none);
     const size_t descriptors = openDescriptors();
     for (const Fault& each : faultsAt(oddPoint)) {

@@ -67,12 +67,6 @@ class FullGame : public WindowTest {
         app.storeAttachments(files);
     }
 
-    void makeFiles(int round) {
-        for (int file = 0; file < filesOfRound; ++file) {
-            folder.write(nameOf(file), bytesOf(round, file));
-        }
-    }
-
     void openEveryDialog() {
         EXPECT_EQ(boxBy("mnuSave"), "Details saved to " + folder.path("GAME.NTP"));
         for (const auto& [form, opener] : {std::pair("frmSettings", "mnuEmailSets"),
@@ -86,6 +80,9 @@ class FullGame : public WindowTest {
     }
 
     void send(int round) {
+        for (int file = 0; file < filesOfRound; ++file) {
+            folder.write(nameOf(file), bytesOf(round, file));
+        }
         host().watcher().expectReport();
         host().click("butSend");
         waitUntil([this] { return host().watcher().done(); }, 60000);
@@ -139,7 +136,6 @@ TEST_F(FullGame, EveryPlayerGetsTheirOwnFilesUnchanged) {
     std::vector<size_t> descriptors;
     for (int done = 0; done < sends; ++done) {
         SCOPED_TRACE("send " + std::to_string(done + 1));
-        makeFiles(done % rounds);
         openEveryDialog();
         send(done % rounds);
         ASSERT_FALSE(HasFailure());
