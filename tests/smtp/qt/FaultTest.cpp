@@ -1,4 +1,3 @@
-#include "automation/SampleGame.h"
 #include "automation/ScriptedServer.h"
 #include "automation/Waiting.h"
 #include "compose/MUUEncode.h"
