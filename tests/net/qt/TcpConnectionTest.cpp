@@ -30,18 +30,6 @@ extern "C" int getaddrinfo(const char* name, const char* service, const addrinfo
     }
     return error != 0 ? error : system("127.0.0.1", service, hints, end);
 }
-
-// Sending fails on this socket as it does in a system that is short of memory.
-static int failingSocket = -1;
-
-extern "C" ssize_t send(int socket, const void* bytes, size_t size, int flags) {
-    static const auto system = reinterpret_cast<decltype(&send)>(dlsym(RTLD_NEXT, "send"));
-    if (socket == failingSocket) {
-        errno = ENOBUFS;
-        return -1;
-    }
-    return system(socket, bytes, size, flags);
-}
 #endif
 
 namespace turnpost::automation {
@@ -100,9 +88,10 @@ TEST_F(TcpConnections, TryEachAddressThenReportTheError) {
     EXPECT_EQ(log, Log{greeting.bytes});
     // Tests cannot cause these errors, or only in minutes.
     for (const auto& [error, number] :
-         {std::pair(ETIMEDOUT, 10060), {EHOSTUNREACH, 10065}, {EMFILE, 10024}, {EIO, 10050}}) {
+         {std::pair(ETIMEDOUT, 10060), {EHOSTUNREACH, 10065}, {ENOBUFS, 10055}, {EIO, 10050}}) {
         EXPECT_EQ(winsockNumber(error), number);
     }
+    EXPECT_EQ(socketErrorText(ETIMEDOUT), "Connection timed out");
 #endif
 }
 
@@ -163,14 +152,6 @@ TEST_F(TcpConnections, OfBeforeNeverReachTheNewOne) {
     EXPECT_TRUE(waitUntil([&] { return server.conversations()[0].ended; }));
     runPendingEvents();
     EXPECT_EQ(log, Log{"220 new\r\n"});
-    // Neither a second close nor what is sent after it reaches a connection.
-    socket->CloseWhenSent();
-    socket->Close();
-    socket->SendData("HELO host\r\n");
-    EXPECT_EQ(socket->GetData(), "");
-    EXPECT_TRUE(waitUntil([&] { return server.conversations()[1].ended; }));
-    EXPECT_EQ(server.conversations()[1].commands, Log());
-    EXPECT_FALSE(server.conversations()[1].wasReset);
 }
 
 // The program's end waits a tenth of a second, in which the server may not get its turn on a
@@ -215,19 +196,17 @@ TEST_F(TcpConnections, EndWithTheProgramThoughTheServerTakesNothing) {
     EXPECT_FALSE(server.conversations()[0].delivered) << "a part passes for the whole";
 }
 
-TEST_F(TcpConnections, ThatCannotSendFailWithTheSystemsError) {
+TEST_F(TcpConnections, ThatCannotSendFail) {
+    greeting.then = Answer::Then::Pause;
     connect();
     ASSERT_TRUE(logged(1));
     EXPECT_NE(fcntl(descriptor(), F_GETFD) & FD_CLOEXEC, 0) << "programs would get the socket";
-    failingSocket = descriptor();
+    // Nothing arrives from the server that could tell of the failure.
+    shutdown(descriptor(), SHUT_WR);
     socket->SendData("HELO host\r\n");
-    failingSocket = -1;
-    socket->SendData("MAIL FROM:host\r\n");
-    EXPECT_TRUE(waitUntil([&] { return server.conversations()[0].ended; }));
-    runPendingEvents();
-    EXPECT_EQ(log, (Log{greeting.bytes, "10055"}));
+    ASSERT_TRUE(logged(2));
+    EXPECT_EQ(log, (Log{greeting.bytes, "10054"}));
     EXPECT_FALSE(socket->isOpen());
-    EXPECT_EQ(server.conversations()[0].commands, Log());
 }
 #endif
 
