@@ -67,16 +67,6 @@ TEST_F(SettingsText, CutAtAnyByteKeepsOnlyWholeLines) {
     expectReads(text.substr(0, text.size() - 2));
 }
 
-TEST_F(SettingsText, DamagedLinesFillNoField) {
-    const auto read = [this](const std::string& from, const std::string& to, size_t lines) {
-        std::string text = printSettings(sample);
-        expectReads(text.replace(text.find(from), from.size(), to), lines);
-    };
-    read("\"Game Host\"", "Game\"Host", 0);
-    read("\"host@example.org\"", "\"host@example.org\",\"x", 1);
-    read("\"Spring, Cup\"", "\"Spring\",\"Cup\"", 3);
-}
-
 class SettingsFiles : public SettingsText {
   protected:
     using Names = std::set<std::string>;
