@@ -78,18 +78,19 @@ TEST_F(DispatchRules, AttachesOnlyTheChosenFilesInOrder) {
 }
 
 TEST_F(DispatchRules, SmtpAndMapiReportDifferentFaults) {
-    const std::string own = "The address cannot be sent: ";
+    const std::string unsendable = "The address cannot be sent: ";
     const std::string face = "\"Send via SMTP\" cannot write character 3 (\U0001F600, U+1F600)";
     player.PlayerEmail = "a?\U0001F600@\u00E4.org";
-    expectBoth(hasWireBytes(0x1F600) ? sent : own + face, sent);
+    expectBoth(hasWireBytes(0x1F600) ? sent : unsendable + face, sent);
     player.PlayerEmail = "p1\r\n\u2028\u200B@\u00A0";
-    expectBoth(own + "character 5 is invisible (U+200B)");
+    expectBoth(unsendable + "character 5 is invisible (U+200B)");
     remove("MY.XY");
     player.PlayerEmail = "\u00A0@example.org";
     player.AltEmail = "b\u00AD@example.org";
-    const std::string both = own + "character 1 is invisible (U+00A0)\r\n";
-    expectBoth(both + "XY file not found ",
-               both + "The alternate address cannot be sent: character 2 is invisible (U+00AD)");
+    const std::string invisible = unsendable + "character 1 is invisible (U+00A0)\r\n";
+    expectBoth(invisible + "XY file not found ",
+               invisible +
+                   "The alternate address cannot be sent: character 2 is invisible (U+00AD)");
     player.PlayerEmail = "red@example.org";
     player.AltEmail.clear();
     expectBoth("XY file not found ");
@@ -123,12 +124,10 @@ TEST_F(DispatchRules, OverlongMessagesAreRefusedBeforeAttaching) {
     std::filesystem::resize_file(extra, (64U << 20) - 2);
     expectBoth("Message too long");
     std::filesystem::resize_file(extra, 0);
-    // Placeholders in what other placeholders stand for multiply the text.
-    for (int i = 0; i < 300; ++i) {
-        text.MessageBody += "<<GN>>";
-        game.GameName += "<<FN>>";
+    player.PlayerName = std::string(1 << 20, 'x');
+    for (int i = 0; i < 100; ++i) {
+        text.MessageBody += "<<FN>>";
     }
-    player.PlayerName = std::string(100000, 'x');
     expectBoth("Message too long");
     EXPECT_EQ(attached, Names());
 }

@@ -44,6 +44,9 @@ TEST_F(MailDeliveries, EveryRowIsSentWholeOrNotAtAll) {
                         "Send 42;Turn 2405|Hello\r\n.4\r\n  ;" + files + " 1;Address no@x.org;" +
                         "Send 42;Turn 2405|Hello\r\n.16\r\n  ;" + files +
                         " 1;Address last@x.org;SignOff;");
+    attachments = {0, 0, {}};
+    deliver(mail, mail);
+    EXPECT_EQ(*(calls.rbegin() + 3), "Turn 2405|Hello\r\n.16") << "without files";
 }
 
 TEST_F(MailDeliveries, WithoutASessionTheOldReportIsShown) {

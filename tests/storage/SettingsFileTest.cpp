@@ -39,6 +39,7 @@ TEST_F(SettingsText, HasEightLinesInFixedOrder) {
                            "\"Spring, Cup\",\"C:\\Cup\\CUP.NTP\"\r\n\" - Empty - \",\"\"\r\n"
                            "\" - Empty - \",\"\"\r\n\" - Empty - \",\"\"\r\n\"C:\\C.NTP\"\r\n";
     EXPECT_EQ(printSettings(sample), expected);
+    expectReads("x" + expected, 0);
     for (const char* trailing : {"\x1A", "x", "\"x\"\r\n"}) {
         expectReads(expected + trailing);
     }
