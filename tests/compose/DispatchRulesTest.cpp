@@ -87,10 +87,9 @@ TEST_F(DispatchRules, SmtpAndMapiReportDifferentFaults) {
     remove("MY.XY");
     player.PlayerEmail = "\u00A0@example.org";
     player.AltEmail = "b\u00AD@example.org";
-    const std::string invisible = unsendable + "character 1 is invisible (U+00A0)\r\n";
-    expectBoth(invisible + "XY file not found ",
-               invisible +
-                   "The alternate address cannot be sent: character 2 is invisible (U+00AD)");
+    const std::string first = unsendable + "character 1 is invisible (U+00A0)\r\n";
+    expectBoth(first + "XY file not found ",
+               first + "The alternate address cannot be sent: character 2 is invisible (U+00AD)");
     player.PlayerEmail = "red@example.org";
     player.AltEmail.clear();
     expectBoth("XY file not found ");
