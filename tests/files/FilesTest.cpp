@@ -4,6 +4,7 @@
 #include "files/FileError.h"
 #include "files/Folders.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 #ifdef _WIN32
@@ -94,6 +95,16 @@ TEST_F(Files, ConfigurationFolderIsUnderAppData) {
     }
 }
 #else
+TEST_F(Files, ConfigurationFolderIsNeverRelative) {
+    setenv("HOME", "/home/host", 1);
+    for (const auto& [configured, folder] : {std::pair("/cfg", "/cfg/nimbus-turnpost"),
+                                             {"", "/home/host/.config/nimbus-turnpost"},
+                                             {"relative", "/home/host/.config/nimbus-turnpost"}}) {
+        setenv("XDG_CONFIG_HOME", configured, 1);
+        EXPECT_EQ(configurationFolder(), folder);
+    }
+}
+
 TEST_F(Files, ExactNamesWinAndUndecodableOnesAreSkipped) {
     temp.makeFolder("Cup");
     for (const char* name : {"\xFF\xFE.M1", "GAME.M1", "game.m1", "\u00C4RGER.M1"}) {

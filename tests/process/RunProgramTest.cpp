@@ -8,7 +8,6 @@
 #include <csignal>
 #include <fcntl.h>
 #include <poll.h>
-#include <sstream>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -30,30 +29,19 @@ class RunProgram : public testing::Test {
         EXPECT_EQ(std::pair(end.kind, end.number), std::pair(kind, number)) << end.errorText;
     }
 
-    static std::set<std::string> openDescriptors() {
-        std::set<std::string> numbers;
-        for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
-            numbers.insert(entry.path().filename());
-        }
-        return numbers;
+    static auto openDescriptors() {
+        const std::filesystem::directory_iterator numbers("/proc/self/fd");
+        return std::distance(begin(numbers), end(numbers));
     }
 
     const std::string mebibytes = std::string(5 << 20, 'x');
     TempFolder temp;
 };
 
-TEST_F(RunProgram, PassesArgumentsButNoShellTerminalOrPipes) {
+TEST_F(RunProgram, PassesArgumentsButNoShellOrTerminal) {
     EXPECT_EQ(shell("printf '[%s]' \"$@\" >&2").errorText, "[a  b][$HOME][][*]['; exit 9]");
     expectEnd(shell("read -r p name s parent group session t </proc/$$/stat; test $session = $$"),
               Kind::Exited, 0);
-    std::set<std::string> known = openDescriptors();
-    known.insert({"0", "1", "2"});
-    std::istringstream handed(shell("cd /proc/$$/fd; echo *").outputText);
-    std::string number;
-    while (handed >> number) {
-        EXPECT_TRUE(known.contains(number)) << number;
-    }
-    EXPECT_NE(number, "");
 }
 
 TEST_F(RunProgram, MebibytesBothWaysNeverBlock) {
