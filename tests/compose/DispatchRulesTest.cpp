@@ -86,7 +86,7 @@ TEST_F(DispatchRules, SmtpAndMapiReportDifferentFaults) {
     expectBoth(unsendable + "character 5 is invisible (U+200B)");
     remove("MY.XY");
     player.PlayerEmail = "\u00A0@example.org";
-    player.AltEmail = "b\u00AD@example.org";
+    player.AltEmail = "\u00E4\u00AD@example.org";
     const std::string first = unsendable + "character 1 is invisible (U+00A0)\r\n";
     expectBoth(first + "XY file not found ",
                first + "The alternate address cannot be sent: character 2 is invisible (U+00AD)");

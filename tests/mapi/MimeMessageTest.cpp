@@ -69,9 +69,9 @@ TEST(MimeHeader, AcceptsOneAddressAndMakesItsDomainAscii) {
     }
     EXPECT_EQ(mailAddress(" \"a@b\"@BÜCHER.de "), "\"a@b\"@xn--bcher-kva.de");
     for (const char* other :
-         {"", " ", "a@x.org, b@x.org", "a@x.org b@x.org", "a@x.org;b@x.org", "Ann <a@x.org>",
-          "a@x.org (Ann)", "a@x.org\nBcc: b@x.org", "\"a\\\nBcc: b\"@x.org", "\"a@x.org",
-          "a@x，b.org", "a@x＠ü.org", "a@☃.org", "ü@☃.org"}) {
+         {"", " ", "a@x.org, b@x.org", "a,b@x.org", "a@x.org b@x.org", "a@x.org;b@x.org",
+          "Ann <a@x.org>", "a@x.org (Ann)", "a@x.org\nBcc: b@x.org", "\"a\\\nBcc: b\"@x.org",
+          "\"a@x.org", "a@x，b.org", "a@x＠ü.org", "a@☃.org", "ü@☃.org"}) {
         EXPECT_EQ(mailAddress(other), std::nullopt) << other;
     }
 }

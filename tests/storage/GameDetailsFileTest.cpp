@@ -111,9 +111,13 @@ TEST_F(GameDetailsFiles, DamageIsNamed) {
     EXPECT_EQ(parseGameDetails(std::string(1U << 20U, '\n')).damage, Refusal{noNumber});
 }
 
-TEST_F(GameDetailsFiles, OfOneMebibyteAreReadAndNoLarger) {
+TEST_F(GameDetailsFiles, UpToOneMebibyteAreReadInTheirCodePage) {
     const TempFolder temp;
     const std::string path = temp.path("GAME.NTP");
+    game.rows[0].PlayerName = "J\u00FCrgen";
+    writeGameDetails(path, game, message);
+    EXPECT_EQ(readGameDetails(path).content.game, game);
+    game.rows[0].PlayerName.clear();
     message.MessageBody += std::string((1U << 20) - print().size(), 'x');
     writeGameDetails(path, game, message);
     EXPECT_EQ(readGameDetails(path).content.message, message);

@@ -4,6 +4,7 @@
 #include "automation/Waiting.h"
 #include "net/SocketCalls.h"
 
+#include <QTcpServer>
 #include <QThread>
 #include <atomic>
 #include <future>
@@ -78,6 +79,12 @@ TEST_F(TcpConnections, TryEachAddressThenReportTheError) {
         EXPECT_EQ(std::exchange(log, {}), Log{number});
         EXPECT_FALSE(socket->isOpen());
     };
+    QTcpServer six;
+    if (six.listen(QHostAddress::LocalHostIPv6)) { // Not every machine has IPv6.
+        connect("::1", six.serverPort());
+        EXPECT_TRUE(waitUntil([&six] { return six.hasPendingConnections(); }));
+        socket->Close();
+    }
     const std::uint16_t unused = ScriptedServer({}).port();
     expectError("127.0.0.1", unused, "10061");
     expectError("224.0.0.1", 25, "10051");
