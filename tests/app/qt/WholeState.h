@@ -5,13 +5,14 @@
 #include "text/qt/QtText.h"
 
 #include <QAction>
+#include <QMap>
 #include <QRegularExpression>
 #include <functional>
 
 namespace turnpost::automation {
 
 /// Everything that a command could change, as flat lines: name and value.
-using State = std::map<QString, QString>;
+using State = QMap<QString, QString>;
 
 /// On one line, and the same wherever the folder lies and whichever separator the system has.
 inline QString flat(QString text, const std::string& folder) {
@@ -120,34 +121,31 @@ class StateTaker {
 /// value is only another one than before; "; " ends it. The name may be a pattern: then every line
 /// that matches gets the value, of at least one line another one than before. A # in the value is
 /// the number of the line's player. Nothing else may change.
-inline QString faults(State before, State after, const QString& changes) {
-    for (const auto& [name, value] : after) {
-        before.try_emplace(name, "(none)");
-    }
-    for (const auto& [name, value] : before) {
-        after.try_emplace(name, "(none)");
-    }
+inline QString faults(const State& before, const State& after, const QString& changes) {
     State expected = before;
+    for (const QString& name : after.keys()) {
+        expected.insert(name, before.value(name, "(none)"));
+    }
     QString found;
     for (const QString& change : changes.split("; ", Qt::SkipEmptyParts)) {
+        const QString pattern = change.section('=', 0, 0);
         bool differs = false;
-        for (auto& [name, value] : expected) {
-            if (matches(change.section('=', 0, 0), name)) {
-                const int player = name.section('(', 1).section(')', 0, 0).toInt() + 1;
-                const bool changed = after[name] != before[name];
-                value = change.contains('=')
-                            ? change.section('=', 1).replace('#', QString::number(player))
-                        : changed ? after[name]
-                                  : "another";
-                differs = differs || changed;
+        for (auto line = expected.begin(); line != expected.end(); ++line) {
+            if (matches(pattern, line.key())) {
+                const QString now = after.value(line.key(), "(none)");
+                const int index = line.key().section('(', 1).section(')', 0, 0).toInt();
+                differs = differs || now != before.value(line.key(), "(none)");
+                *line = change == pattern
+                            ? now
+                            : change.section('=', 1).replace('#', QString::number(index + 1));
             }
         }
         found += differs ? "" : change + ": did not change\n";
     }
-    for (const auto& [name, value] : expected) {
-        if (after[name] != value) {
-            found += name + ": " + before[name] + "\n  became: " + after[name] +
-                     "\n  and not: " + value + "\n";
+    for (const QString& name : expected.keys()) {
+        const QString now = after.value(name, "(none)");
+        if (now != expected[name]) {
+            found += name + " became: " + now + "\n  and not: " + expected[name] + "\n";
         }
     }
     return found;
