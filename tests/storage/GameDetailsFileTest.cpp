@@ -2,6 +2,7 @@
 
 #include "fakes/TempFolder.h"
 #include "files/FileError.h"
+#include "text/CodePage.h"
 #include "text/Text.h"
 
 #include <gtest/gtest.h>
@@ -114,8 +115,8 @@ TEST_F(GameDetailsFiles, DamageIsNamed) {
 TEST_F(GameDetailsFiles, UpToOneMebibyteAreReadInTheirCodePage) {
     const TempFolder temp;
     const std::string path = temp.path("GAME.NTP");
-    game.rows[0].PlayerName = "J\u00FCrgen";
-    writeGameDetails(path, game, message);
+    game.rows[0].PlayerName = hasWireBytes(0xFC) ? "J\u00FCrgen" : "Ann";
+    temp.write("GAME.NTP", toWireBytes(print()));
     EXPECT_EQ(readGameDetails(path).content.game, game);
     game.rows[0].PlayerName.clear();
     message.MessageBody += std::string((1U << 20) - print().size(), 'x');
