@@ -48,7 +48,6 @@ class AppFixture : public testing::Test {
     TempFolder host;
     const std::string folder = withSeparator(host.path());
     const std::string details = folder + "GAME.NTP";
-    const std::string ini = program.path("TURNPOST.INI");
     const std::string advice =
         "\r\nPlease take the double quotes out of names and addresses, and characters that this "
         "system's code page lacks, and save again.";
@@ -56,12 +55,10 @@ class AppFixture : public testing::Test {
     FakeSocket socket;
     Texts mailCalls;
     FakeMail* mail = nullptr;
-    Application application{
-        windows, socket, {program.path(), host.path()}, [this](const Settings&) {
-            auto messages = std::make_unique<FakeMail>(mailCalls);
-            mail = messages.get();
-            return MailSystem{std::make_unique<FakeMail>(mailCalls), std::move(messages)};
-        }};
+    Application application{windows,
+                            socket,
+                            {program.path(), host.path()},
+                            [this](const Settings&) { return fakeMailSystem(mailCalls, mail); }};
     const SharedValues& values = application.values();
     GameDetails& game = application.game();
 };

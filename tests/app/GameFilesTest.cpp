@@ -32,17 +32,6 @@ class GameFiles : public AppFixture {
     const std::string unusable = "Cannot use the host file ";
 };
 
-TEST_F(GameFiles, LineBreaksInNamesNeverReachTheBoxes) {
-    game.GameName = "Cup\r\nX";
-    game.rows[0].PlayerName = "Red\rX";
-    application.storeMessage({"Turn\nX", "a\r\nb"});
-    application.saveGame();
-    open(host);
-    EXPECT_EQ(values.game.GameName, "Cup X");
-    EXPECT_EQ(values.game.rows[0].PlayerName, "Red X");
-    EXPECT_EQ(values.message, (MessageTemplate{"Turn X", "a\r\nb"}));
-}
-
 TEST_F(GameFiles, MovedGamesAreFoundBesideTheirFile) {
     const TempFolder moved;
     const std::string there = host.read("GAME.NTP");

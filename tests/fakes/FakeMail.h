@@ -1,7 +1,7 @@
 #pragma once
 
 #include "mapi/ComposedMessage.h"
-#include "mapi/MailSession.h"
+#include "mapi/MailSystem.h"
 
 #include <functional>
 #include <vector>
@@ -49,5 +49,12 @@ class FakeMail final : public MailSession, public ComposedMessage {
 
     Record& calls_;
 };
+
+/// A mail system with one record. `messages` is then its part that sends.
+inline MailSystem fakeMailSystem(FakeMail::Record& record, FakeMail*& messages) {
+    auto owned = std::make_unique<FakeMail>(record);
+    messages = owned.get();
+    return {std::make_unique<FakeMail>(record), std::move(owned)};
+}
 
 } // namespace turnpost

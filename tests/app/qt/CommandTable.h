@@ -22,10 +22,11 @@ struct Command {
 inline const QString noNotes = "row.*.note=; ";
 inline const QString written = "file.TURNPOST.INI=$settings; ";
 inline const QString gameOpened =
-    noNotes + "*.GameName=Other; *GamePath=~/game/other/; game.HostFileName=OTHER.HST; *Year=2410; "
-              "*.PlayerName(*)=Other #; *.PlayerEmail(*)=p#@o.org; *.AltEmail(*)=a#@o.org; "
-              "*.GameFile(*)=OTHER.M#; *.IncludePlayer(*); game.Shown(*); row.*.visible; "
-              "message.MessageSubject=Other subject; message.MessageBody=Other|body; ";
+    noNotes +
+    "*.GameName=Other game; *GamePath=~/game/other/; game.HostFileName=OTHER.HST; *Year=2410; "
+    "*.PlayerName(*)=Other game #; *.PlayerEmail(*)=p#@o.org; *.AltEmail(*)=a#@o.org; "
+    "*.GameFile(*)=OTHER.M#; *.IncludePlayer(*); game.Shown(*); row.*.visible; "
+    "message.MessageSubject=Other game subject; message.MessageBody=Other|game|body; ";
 inline const QString hostFileFound =
     noNotes + "*GamePath=~/game/other/; game.HostFileName=OTHER.HST; *Year=2410; "
               "*.PlayerName([0-2])=; *.PlayerEmail([0-2])=; *.AltEmail([0-2])=; "

@@ -27,31 +27,34 @@ inline bool matches(const QString& pattern, const QString& text) {
 }
 
 /// Takes the state of the program at this desk; every file in its folder belongs to it.
-class StateTaker {
-  public:
-    explicit StateTaker(Host& host) : host_(host) {}
+struct StateTaker {
+    Host& host;
+    State state = {};
 
     State take() {
-        addValues(host_.desktop().app().values());
-        addObject("window.frmMain", host_.window());
-        for (const QWidget* control : host_.window().findChildren<QWidget*>()) {
-            static const QRegularExpression inRow(
-                "^(PlayNum|Include|Player|AltEmail|GameFile).*\\(");
+        addValues(host.desktop().app().values());
+        addObject("window.frmMain", host.window());
+        for (const QWidget* control : host.window().findChildren<QWidget*>()) {
             const QString name = control->objectName();
             if (!name.isEmpty() && !name.startsWith("qt_")) { // Else it is the toolkit's own.
-                addObject((inRow.match(name).hasMatch() ? "row." : "window.") + name, *control);
+                const bool inRow = name.contains('(') && !name.startsWith("PlaySel");
+                addObject((inRow ? "row." : "window.") + name, *control);
             }
         }
-        for (const QAction* item : host_.window().findChildren<QAction*>()) {
+        for (const QAction* item : host.window().findChildren<QAction*>()) {
             addObject("menu." + item->objectName(), *item);
         }
-        addFiles();
-        return std::move(state_);
+        for (const auto& entry :
+             std::filesystem::recursive_directory_iterator(toNativePath(host.folder()))) {
+            const std::string path = fromNativePath(entry.path());
+            add("file." + flat(toQt(path), host.folder()).mid(2),
+                entry.is_regular_file() ? readFile(path) : "folder");
+        }
+        return std::move(state);
     }
 
-  private:
     void add(const QString& name, const QString& value) {
-        state_[name] += flat(value, host_.folder());
+        state[name] += flat(value, host.folder());
     }
     void add(const QString& name, const std::string& value) { add(name, toQt(value)); }
     void add(const QString& name, int value) { add(name, QString::number(value)); }
@@ -103,18 +106,6 @@ class StateTaker {
             add(name + ".note", object.property(property).toString());
         }
     }
-
-    void addFiles() {
-        for (const auto& entry :
-             std::filesystem::recursive_directory_iterator(toNativePath(host_.folder()))) {
-            const std::string path = fromNativePath(entry.path());
-            add("file." + flat(toQt(path), host_.folder()).mid(2),
-                entry.is_regular_file() ? readFile(path) : "folder");
-        }
-    }
-
-    Host& host_;
-    State state_;
 };
 
 /// What of the two states is not as the changes say. A change is name=value, or a name alone if the
