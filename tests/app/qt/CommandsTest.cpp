@@ -170,10 +170,11 @@ class EveryCommand : public WindowTest, public testing::WithParamInterface<Comma
             const bool shown = i == 0 || i == 1 || i == 3 || i == 5 || i == 9;
             const bool included = i == 0 || (i >= 2 && i <= 4) || i == 9;
             const std::string number = std::to_string(i + 1);
+            const std::string address = number + end;
             game.row(i) = {.IncludePlayer = included != opposite ? 1 : 0,
                            .PlayerName = name + " " + number,
-                           .PlayerEmail = "p" + number + end,
-                           .AltEmail = "a" + number + end,
+                           .PlayerEmail = "p" + address,
+                           .AltEmail = "a" + address,
                            .GameFile = base + ".M" + number,
                            .Shown = shown != opposite};
             if (!opposite || i < 3) {
