@@ -3,8 +3,8 @@
 #include "fakes/TempFolder.h"
 #include "files/FileError.h"
 #include "files/Folders.h"
+#include "support/PutBack.h"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
 
 #ifdef _WIN32
@@ -88,6 +88,7 @@ TEST_F(Files, LongPathsGetThePrefixForTheSystemOnly) {
 }
 
 TEST_F(Files, ConfigurationFolderIsUnderAppData) {
+    const PutBack before("APPDATA");
     for (const auto& [applications, folder] :
          {std::pair(L"C:\\\u0416", "C:\\\u0416\\Nimbus Turnpost"), {L"relative", ""}, {L"", ""}}) {
         SetEnvironmentVariableW(L"APPDATA", applications);
@@ -96,6 +97,8 @@ TEST_F(Files, ConfigurationFolderIsUnderAppData) {
 }
 #else
 TEST_F(Files, ConfigurationFolderIsNeverRelative) {
+    const PutBack home("HOME");
+    const PutBack configuration("XDG_CONFIG_HOME");
     setenv("HOME", "/home/host", 1);
     for (const auto& [configured, folder] : {std::pair("/cfg", "/cfg/nimbus-turnpost"),
                                              {"", "/home/host/.config/nimbus-turnpost"},

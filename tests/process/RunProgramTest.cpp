@@ -1,6 +1,7 @@
 #include "process/RunProgram.h"
 #include "fakes/TempFolder.h"
 #include "files/Descriptor.h"
+#include "support/Resources.h"
 
 #include <gtest/gtest.h>
 
@@ -29,11 +30,6 @@ class RunProgram : public testing::Test {
         EXPECT_EQ(std::pair(end.kind, end.number), std::pair(kind, number)) << end.errorText;
     }
 
-    static auto openDescriptors() {
-        const std::filesystem::directory_iterator numbers("/proc/self/fd");
-        return std::distance(begin(numbers), end(numbers));
-    }
-
     const std::string mebibytes = std::string(5 << 20, 'x');
     TempFolder temp;
 };
@@ -55,7 +51,7 @@ TEST_F(RunProgram, MebibytesBothWaysNeverBlock) {
 }
 
 TEST_F(RunProgram, HangingProgramsAreKilledWithTheirChildren) {
-    const auto before = openDescriptors();
+    const size_t before = automation::openDescriptors();
     std::array<int, 2> held{};
     ASSERT_EQ(pipe(held.data()), 0);
     const ProgramEnd end = shell("exec 0<&-; echo words >&2; sleep 60 & wait", mebibytes, 500);
@@ -67,7 +63,7 @@ TEST_F(RunProgram, HangingProgramsAreKilledWithTheirChildren) {
     close(held[0]);
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child was not reaped";
     runProgram(temp.path("missing"), {}, "", milliseconds(20000));
-    EXPECT_EQ(openDescriptors(), before);
+    EXPECT_EQ(automation::openDescriptors(), before);
 }
 
 TEST_F(RunProgram, BackgroundChildrenRunOnUnhindered) {

@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
-#include <QCloseEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QRadioButton>
@@ -101,21 +100,6 @@ TEST_F(MainForm, ShowsForeignTextPlainInMenuAndTooltips) {
                   "<p style='white-space:pre'>550 &lt;b&gt;full&lt;/b&gt; &amp;<br> gone</p>");
         EXPECT_EQ(noted->accessibleDescription(), "550 <b>full</b> &\n gone");
     }
-}
-
-TEST_F(MainForm, ClosedAgainWhileItClosesClosesOnce) {
-    int played = 0;
-    frmMain form(host().desktop().app(), [&played](QWidget* window) {
-        // The animation lets events run; the toolkit need not hold this one back.
-        if (++played < 3) {
-            QCloseEvent again;
-            QApplication::sendEvent(window, &again);
-        }
-    });
-    form.show();
-    form.close();
-    EXPECT_EQ(played, 1);
-    EXPECT_FALSE(form.isVisible());
 }
 
 } // namespace turnpost::automation
