@@ -1,3 +1,4 @@
+#include "compose/ExpandTemplate.h"
 #include "support/WindowTest.h"
 
 #include <QApplication>
@@ -57,6 +58,18 @@ TEST_F(Dialogs, OnlyAFreshEnterOnAButtonPressesIt) {
     });
 }
 
+TEST_F(Dialogs, AboutShowsCreditsAndClosesByEnterAndEscape) {
+    for (const auto key : {Qt::Key_Escape, Qt::Key_Return}) {
+        in("frmAbout", "mnuAbout", [key](QWidget& form) {
+            const QString credits = findControl<QLabel>(form, "lblDescription")->text();
+            EXPECT_TRUE(QRegularExpression("^(.+\n){3}\n.+$").match(credits).hasMatch());
+            press(key);
+            EXPECT_FALSE(form.isVisible());
+            form.close();
+        });
+    }
+}
+
 TEST_F(Dialogs, MessageTextsChangeOnlyWhereTyped) {
     const MessageTemplate odd{"a\rb\nc\u2028d\u2029e\uFDD0f",
                               "a\rb\nc\u2028d\u2029e\uFDD0f\uFDD1g\r\n"};
@@ -76,6 +89,11 @@ TEST_F(Dialogs, MessageTextsChangeOnlyWhereTyped) {
               (MessageTemplate{" <<gn>> & x ", odd.MessageBody}));
     EXPECT_EQ(afterTyping("txtMessage", " one\n\n.two\u00a0"),
               (MessageTemplate{odd.MessageSubject, " one\r\n\r\n.two\u00a0\r\n"}));
+    EXPECT_EQ(defaultTemplate().MessageBody,
+              "Hello <<FN>>,\r\n\r\nAttached is turn <<GY>> for <<GN>>\r\n\r\n"
+              "Please make sure that you Save & Submit, and return your X<<PN>> file"
+              "\r\n\r\n\r\nThis message has been sent to you using Nimbus Turnpost "
+              "Version 1.3.0");
 }
 
 TEST_F(Dialogs, AttachmentsArePickedFromAllFiles) {
