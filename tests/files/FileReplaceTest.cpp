@@ -42,13 +42,14 @@ TEST_F(FileReplace, WritesEveryByteAndOnlyToTheNamedFile) {
     EXPECT_EQ(failure("F"), "It is a folder, not a file");
     EXPECT_EQ(failure({"x\0.NTP", 6}), "A file name cannot hold a NUL character");
     EXPECT_NE(failure("missing/A"), "");
+    temp.write("A.tmp", "old");
     EXPECT_EQ(temp.read("F/kept") + temp.read("x"), "oldold");
     for (const size_t length : {300000U, 5U}) {
         const std::string bytes = "\"a\"\r\n\xFF\x1A" + std::string(length, '\0');
         EXPECT_EQ(failure("A", bytes), "");
         EXPECT_EQ(temp.read("A"), bytes);
     }
-    EXPECT_EQ(temp.names(), Names({"A", "F", "x"}));
+    EXPECT_EQ(temp.names(), Names({"A", "A.tmp", "F", "x"}));
 }
 
 #ifdef _WIN32

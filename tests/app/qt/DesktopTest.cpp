@@ -73,10 +73,9 @@ TEST_F(DesktopProgram, DoubleClickSendsOnceAndSecondClickSendsAgain) {
 
 TEST_F(DesktopProgram, FindsProgramAndConfigurationFolders) {
     const ProgramFolders own = Desktop::ownFolders();
-    const QString program = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
-    EXPECT_EQ(own.program, program.toStdString());
-    const QString name = QDir(QString::fromStdString(own.configuration)).dirName();
-    EXPECT_EQ(name.toLower().replace(' ', '-'), "nimbus-turnpost");
+    const QString program = QCoreApplication::applicationDirPath();
+    EXPECT_EQ(own.program, QDir::toNativeSeparators(program).toStdString());
+    EXPECT_TRUE(own.configuration.ends_with("turnpost") || own.configuration.ends_with("Turnpost"));
 }
 
 } // namespace turnpost::automation

@@ -29,9 +29,8 @@ TEST_F(Dialogs, EmailSettingsCleanOnlyPastedAddresses) {
         host().click("butOK", &form);
     });
     const Settings& stored = values().settings;
-    EXPECT_EQ(stored.HostName, "  \"x\" \u200B");
-    EXPECT_EQ(stored.HostEmail, "  \"x\" ");
-    EXPECT_EQ(stored.SmtpServer, "  \"x\" ");
+    EXPECT_EQ(stored.HostName + stored.HostEmail + stored.SmtpServer,
+              "  \"x\" \u200B  \"x\"   \"x\" ");
 }
 
 TEST_F(Dialogs, OnlyAFreshEnterOnAButtonPressesIt) {
@@ -62,7 +61,7 @@ TEST_F(Dialogs, AboutShowsCreditsAndClosesByEnterAndEscape) {
     for (const auto key : {Qt::Key_Escape, Qt::Key_Return}) {
         in("frmAbout", "mnuAbout", [key](QWidget& form) {
             const QString credits = findControl<QLabel>(form, "lblDescription")->text();
-            EXPECT_TRUE(QRegularExpression("^(.+\n){3}\n.+$").match(credits).hasMatch());
+            EXPECT_TRUE(credits.contains(QRegularExpression("^(.+\n){3}\n.+$")));
             press(key);
             EXPECT_FALSE(form.isVisible());
             form.close();

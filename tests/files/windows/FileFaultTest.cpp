@@ -76,4 +76,16 @@ TEST(FileFault, FailedSystemCallsLeaveTheOldFileWhole) {
     EXPECT_EQ(reported, std::set<std::string>(calls.begin(), calls.end()));
 }
 
+// No person may write into this folder, an administrator neither. Wine shows a Linux system as Z:.
+TEST(UnwritableFolder, RefusesANewFileWithTheSystemsReason) {
+    const bool isWine = std::filesystem::exists("Z:\\sys");
+    const std::string path = isWine ? "Z:\\sys\\A.NTP" : "C:\\System Volume Information\\A.NTP";
+    try {
+        replaceFile(path, "\"game\"");
+        ADD_FAILURE() << "written: " << path;
+    } catch (const FileError& error) {
+        EXPECT_EQ(error.reason(), systemReason({ERROR_ACCESS_DENIED, std::system_category()}));
+    }
+}
+
 } // namespace turnpost

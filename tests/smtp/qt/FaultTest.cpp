@@ -73,16 +73,9 @@ std::vector<Fault> faultsAt(Point point, const std::string& pointName) {
 
 std::vector<Fault> allFaults() {
     std::vector<Fault> all;
-    for (const auto& [point, name] : {std::pair(Point::Greeting, "Greeting"),
-                                      {Point::Helo, "Helo"},
-                                      {Point::Mail, "Mail"},
-                                      {Point::Recipient, "Recipient"},
-                                      {Point::Data, "Data"},
-                                      {Point::InMessage, "InMessage"},
-                                      {Point::Message, "Message"},
-                                      {Point::Quit, "Quit"}}) {
-        const std::vector<Fault> more = faultsAt(point, name);
-        all.insert(all.end(), more.begin(), more.end());
+    for (int point = 0; const char* name : {"Greeting", "Helo", "Mail", "Recipient", "Data",
+                                            "InMessage", "Message", "Quit"}) {
+        std::ranges::copy(faultsAt(static_cast<Point>(point++), name), std::back_inserter(all));
     }
     return all;
 }
