@@ -4,6 +4,7 @@
 #include "fakes/FakeMail.h"
 #include "support/WindowTest.h"
 
+#include <QDir>
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
@@ -73,8 +74,7 @@ TEST_F(DesktopProgram, DoubleClickSendsOnceAndSecondClickSendsAgain) {
 
 TEST_F(DesktopProgram, FindsProgramAndConfigurationFolders) {
     const ProgramFolders own = Desktop::ownFolders();
-    const QString program = QCoreApplication::applicationDirPath();
-    EXPECT_EQ(own.program, QDir::toNativeSeparators(program).toStdString());
+    EXPECT_EQ(QDir(own.program.c_str()), QDir(QCoreApplication::applicationDirPath()));
     EXPECT_TRUE(own.configuration.ends_with("turnpost") || own.configuration.ends_with("Turnpost"));
 }
 
