@@ -158,6 +158,7 @@ class EveryCommand : public WindowTest, public testing::WithParamInterface<Comma
     void writeGame(const std::string& place, const std::string& base, const std::string& name,
                    bool opposite) const {
         const char* const end = opposite ? "@o.org" : "@c.org";
+        const std::string title = name + " ", turnFile = base + ".M";
         GameDetails game;
         game.GameName = name;
         game.GamePath = folder.path(place);
@@ -170,12 +171,11 @@ class EveryCommand : public WindowTest, public testing::WithParamInterface<Comma
             const bool shown = i == 0 || i == 1 || i == 3 || i == 5 || i == 9;
             const bool included = i == 0 || (i >= 2 && i <= 4) || i == 9;
             const std::string number = std::to_string(i + 1);
-            const std::string address = number + end;
             game.row(i) = {.IncludePlayer = included != opposite ? 1 : 0,
-                           .PlayerName = name + " " + number,
-                           .PlayerEmail = "p" + address,
-                           .AltEmail = "a" + address,
-                           .GameFile = base + ".M" + number,
+                           .PlayerName = title + number,
+                           .PlayerEmail = "p" + (number + end),
+                           .AltEmail = "a" + (number + end),
+                           .GameFile = turnFile + number,
                            .Shown = shown != opposite};
             if (!opposite || i < 3) {
                 folder.write(place + game.row(i).GameFile, "turn");
